@@ -1,0 +1,22 @@
+# The products, and how a folder contributes to them.
+
+# Kernels: the C++ standard library and nothing else.
+add_library(stringkernels STATIC)
+target_link_libraries(stringkernels PRIVATE compiler_options)
+
+# The plugin file. It lies directly in the build folder, under the name it ships with.
+add_library(StringPlugin MODULE)
+target_link_libraries(StringPlugin PRIVATE compiler_options stringkernels)
+set_target_properties(StringPlugin PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
+
+# add_kernels(FILE...): sources that see no host type.
+function(add_kernels)
+  list(TRANSFORM ARGN PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+  target_sources(stringkernels PRIVATE ${ARGN})
+endfunction()
+
+# add_methods(FILE...): sources of the plugin itself.
+function(add_methods)
+  list(TRANSFORM ARGN PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+  target_sources(StringPlugin PRIVATE ${ARGN})
+endfunction()
