@@ -25,10 +25,14 @@ void combineShortMask(Operation operation, ByteView data, ByteView mask, std::si
   const std::size_t length = mask.size();
   const std::size_t period = (kSpreadLength + length - 1) / length * length;
   const std::size_t needed = std::min(data.size(), period + RepeatingMask::kSlack);
-  std::memcpy(spread, mask.data() + start, length - start);
-  std::memcpy(spread + length - start, mask.data(), start);
-  for (std::size_t filled = length; filled < needed; filled *= 2) {
-    std::memcpy(spread + filled, spread, std::min(filled, needed - filled));
+  if (length == 1) {
+    std::memset(spread, mask[0], needed);
+  } else {
+    std::memcpy(spread, mask.data() + start, length - start);
+    std::memcpy(spread + length - start, mask.data(), start);
+    for (std::size_t filled = length; filled < needed; filled *= 2) {
+      std::memcpy(spread + filled, spread, std::min(filled, needed - filled));
+    }
   }
   combineRun(operation, data, {spread, period}, 0, result.data());
 }
@@ -64,24 +68,22 @@ Word combined(Word data, Word mask, Word position) noexcept {
   return data ^ mask ^ position;
 }
 
-/// Adds 8 to each byte of the word on its own.
-std::uint64_t advanced(std::uint64_t positions) noexcept {
+/// Adds the bytes of two words pairwise, each modulo 256.
+std::uint64_t sumOfBytes(std::uint64_t a, std::uint64_t b) noexcept {
   constexpr std::uint64_t kTopBits = 0x8080'8080'8080'8080;
-  return ((positions & ~kTopBits) + 0x0808'0808'0808'0808) ^ (positions & kTopBits);
+  return ((a & ~kTopBits) + (b & ~kTopBits)) ^ ((a ^ b) & kTopBits);
 }
 
 template <Operation kOperation>
 void combineAs(ByteView data, RepeatingMask mask, std::size_t position, std::uint8_t* result) noexcept {
-  std::uint8_t firstPositions[8];
-  for (std::size_t i = 0; i < 8; ++i) firstPositions[i] = static_cast<std::uint8_t>(position + i);
-  std::uint64_t positions = loadWord(firstPositions);
+  constexpr std::uint64_t kEveryByte = 0x0101'0101'0101'0101;
+  std::uint64_t positions = sumOfBytes(kEveryByte * (position & 0xFF), 0x0706'0504'0302'0100);
   std::size_t i = 0;
   std::size_t k = 0;
   for (; i + 8 <= data.size(); i += 8) {
-    const std::uint64_t word =
-        combined<kOperation>(loadWord(data.data() + i), loadWord(mask.bytes + k), positions);
+    const std::uint64_t word = combined<kOperation>(loadWord(data.data() + i), loadWord(mask.bytes + k), positions);
     std::memcpy(result + i, &word, sizeof word);
-    positions = advanced(positions);
+    positions = sumOfBytes(positions, 8 * kEveryByte);
     k += 8;
     if (k >= mask.period) k -= mask.period;
   }

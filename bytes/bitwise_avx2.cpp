@@ -29,10 +29,9 @@ AVX2_FUNCTION void combineAs(ByteView data, RepeatingMask mask, std::size_t posi
   const std::uint8_t* const bytes = data.data();
   const std::size_t length = data.size();
   const __m256i next = _mm256_set1_epi8(32);
-  __m256i positions = _mm256_add_epi8(
-      _mm256_set1_epi8(static_cast<char>(position)),
-      _mm256_setr_epi8(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25,
-                       26, 27, 28, 29, 30, 31));
+  __m256i positions = _mm256_add_epi8(_mm256_set1_epi8(static_cast<char>(position)),
+                                      _mm256_setr_epi8(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18,
+                                                       19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31));
   std::size_t i = 0;
   std::size_t k = 0;
   for (; i + kStep <= length; i += kStep) {
