@@ -1,0 +1,10 @@
+# 32-bit Windows. Needs g++-mingw-w64-i686-posix; a 32-bit wine runs the result elsewhere.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR i686)
+set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-posix)
+set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)
+
+# Doubles as on 64-bit x86, hosts that align the stack to 4 bytes only, and unaligned moves for wide vectors.
+set(CMAKE_CXX_FLAGS_INIT "-msse2 -mfpmath=sse -mstackrealign -Wa,-muse-unaligned-vector-move")
+
+set(CMAKE_CROSSCOMPILING_EMULATOR wine)
