@@ -10,7 +10,7 @@ foreach(folder IN LISTS folders)
 endforeach()
 
 execute_process(RESULT_VARIABLE status
-  COMMAND ${COMPILER} -std=c++20 -w -fsyntax-only -I${ROOT} -isystem ${LIBRARIES} -x c++ ${headers})
+  COMMAND ${COMPILER} -std=c++20 -w -fsyntax-only -DSTRING_PLUGIN_FILE="" -I${ROOT} -isystem ${LIBRARIES} -x c++ ${headers})
 if(NOT status EQUAL 0)
   message(FATAL_ERROR "a header doesn't compile alone")
 endif()
