@@ -1,3 +1,4 @@
+/// Jaro-Winkler distance: matching, and the arithmetic.
 #include "analysis/jaro_winkler.h"
 
 #include <algorithm>

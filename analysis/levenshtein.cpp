@@ -1,3 +1,4 @@
+/// Edit distance in bit vectors: the plain forms, and the choice between the forms.
 #include "analysis/levenshtein.h"
 
 #include <algorithm>
@@ -7,7 +8,6 @@
 #include "analysis/code_point_map.h"
 #include "analysis/levenshtein_bands.h"
 #include "memory/work_buffer.h"
-#include "wide/cpu.h"
 
 // Bit vectors stand for the differences between neighbouring cells in a column of the matrix of distances, a row each
 // (H. Hyyrö: A Bit-Vector Algorithm for Computing Levenshtein and Damerau Edit Distances, Nordic Journal of Computing

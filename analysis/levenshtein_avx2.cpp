@@ -1,5 +1,5 @@
+/// The matrix of edit distances in vectors of four words.
 #include "analysis/levenshtein_bands.h"
-#include "wide/cpu.h"
 
 #ifdef WIDE_AVX2
 
@@ -8,11 +8,12 @@
 namespace levenshtein {
 namespace {
 
+/// Words of rows in a vector.
+constexpr std::size_t kWords = 4;
+
 AVX2_FUNCTION inline __m256i loadMask(const std::uint64_t* mask) noexcept {
   return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(mask));
 }
-
-constexpr std::size_t kWords = 4;
 
 /// A bit that comes in from the band above, in the first lane.
 AVX2_FUNCTION inline __m256i firstLane(std::uint32_t bit) noexcept {
@@ -73,14 +74,14 @@ struct Wavefront {
   }
 };
 
-/// Lanes whose missing rows come first: no vertical differences there, and 1 in all others.
+/// VP at the left border: the distance grows by one from row to row, but not in the missing rows that come first.
 AVX2_FUNCTION inline __m256i firstColumn(std::size_t padding) noexcept {
-  alignas(32) std::uint64_t words[4];
-  for (std::size_t word = 0; word < 4; ++word) {
+  std::uint64_t words[kWords];
+  for (std::size_t word = 0; word < kWords; ++word) {
     const std::size_t missing = padding - std::min(padding, 64 * word);
     words[word] = missing < 64 ? ~std::uint64_t{0} << missing : 0;
   }
-  return _mm256_load_si256(reinterpret_cast<const __m256i*>(words));
+  return loadMask(words);
 }
 
 /// A band of rows on its way through the columns.

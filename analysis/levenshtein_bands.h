@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <span>
 
+#include "wide/cpu.h"
+
 namespace levenshtein {
 
 /// A character of either text by its number; 0 for those that only the text in the columns has.
@@ -75,9 +77,11 @@ namespace scalar {
 [[nodiscard]] std::int64_t corner(const Matrix& matrix) noexcept;
 }  // namespace scalar
 
+#ifdef WIDE_AVX2
 namespace avx2 {
 /// The twin of `scalar::corner` for CPUs with AVX2, in bands of 256 rows.
 [[nodiscard]] std::int64_t corner(const Matrix& matrix) noexcept;
 }  // namespace avx2
+#endif
 
 }  // namespace levenshtein
