@@ -24,8 +24,8 @@ target_compile_options(compiler_options INTERFACE
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)  # the same bytes, wherever the sources lie
 
 if(WIN32)
-  # Everything runs without the compiler's own libraries at hand, the one behind the stack protector included.
-  target_link_options(compiler_options INTERFACE -static -fstack-protector-strong)
+  # Everything runs without the compiler's own libraries at hand.
+  target_link_options(compiler_options INTERFACE -static)
 elseif(CMAKE_CROSSCOMPILING)
   target_link_options(compiler_options INTERFACE -static-libstdc++ -static-libgcc)
 endif()

@@ -44,6 +44,7 @@ function(_harden_shared_object target)
   # Under a sanitizer the program's own runtime has to be the only one.
   if(NOT SANITIZE)
     target_link_options(${target} PRIVATE -static-libstdc++ -static-libgcc -Wl,-z,defs -Wl,--exclude-libs,ALL)
+    target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/plugin/older_glibc.cpp)
   endif()
   set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${exports})
 endfunction()
@@ -62,8 +63,8 @@ function(_harden_dll target)
 endfunction()
 
 function(_split_debug_information target)
-  add_custom_command(TARGET ${target} POST_BUILD WORKING_DIRECTORY ${PROJECT_BINARY_DIR} VERBATIM
-    COMMAND ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE_NAME:${target}> $<TARGET_FILE_NAME:${target}>.debug
-    COMMAND ${CMAKE_STRIP} --strip-all $<TARGET_FILE_NAME:${target}>
-    COMMAND ${CMAKE_OBJCOPY} --add-gnu-debuglink=$<TARGET_FILE_NAME:${target}>.debug $<TARGET_FILE_NAME:${target}>)
+  add_custom_command(TARGET ${target} POST_BUILD WORKING_DIRECTORY $<TARGET_FILE_DIR:${target}> VERBATIM
+    COMMAND ${CMAKE_OBJCOPY} -p --only-keep-debug $<TARGET_FILE_NAME:${target}> $<TARGET_FILE_NAME:${target}>.debug
+    COMMAND ${CMAKE_STRIP} -p --strip-all $<TARGET_FILE_NAME:${target}>
+    COMMAND ${CMAKE_OBJCOPY} -p --add-gnu-debuglink=$<TARGET_FILE_NAME:${target}>.debug $<TARGET_FILE_NAME:${target}>)
 endfunction()

@@ -21,7 +21,7 @@ packages() {
     linux-arm64) echo g++-aarch64-linux-gnu qemu-user ;;
     linux-armhf) echo g++-arm-linux-gnueabihf qemu-user ;;
     windows-x64) echo g++-mingw-w64-x86-64-posix wine wine64 ;;
-    windows-x86) echo g++-mingw-w64-i686-posix ;;
+    windows-x86) echo g++-mingw-w64-i686-posix wine wine64 ;;
     asan) echo clang llvm ;;
   esac
 }
@@ -31,9 +31,12 @@ prepare() {
   local preset=$1
   # shellcheck disable=SC2046  # a list of words is what is wanted
   install $(packages "$preset")
+  if [ "$preset" = windows-x86 ]; then install_wine32; fi
   configure "$preset"
-  step "build $preset" cmake --build --preset "$preset"
+  if ! up_to_date "$preset"; then step "build $preset" cmake --build --preset "$preset"; fi
 }
+
+up_to_date() { [ "$(ninja -n -C "build/$1" 2>/dev/null | tail -n 1)" = 'ninja: no work to do.' ]; }
 
 # configure PRESET: anew only after the presets changed; Ninja sees to everything else.
 configure() {

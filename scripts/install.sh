@@ -4,7 +4,7 @@
 install() {
   local package missing=()
   if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
-    say "no apt here: this needs what Debian calls $*" >&2
+    say "no apt here: this needs what Debian calls $*"
     return
   fi
   for package; do installed "$package" || missing+=("$package"); done
@@ -32,4 +32,22 @@ as_root() {
     echo "neither root nor sudo: install these yourself" >&2
     return 1
   fi
+}
+
+# The libraries that let a 64-bit wine run 32-bit programs are in a package of the architecture i386. They are fetched
+# into the build folder, so that the system need not take in that architecture.
+install_wine32() {
+  if [ -d build/wine32/i386-windows ]; then return; fi
+  step 'fetch the 32-bit libraries of wine' fetch_wine32
+}
+
+fetch_wine32() {
+  local folder=$root/build/wine32
+  local get=(apt-get -o APT::Architectures::=amd64 -o APT::Architectures::=i386
+    -o Dir::State::lists="$folder/lists" -o Dir::Cache="$folder/cache" -o APT::Sandbox::User="$(id -un)")
+  mkdir -p "$folder/lists/partial" "$folder/cache/archives/partial"
+  "${get[@]}" update || true  # other sources may not have this architecture; the download tells
+  (cd "$folder/cache" && "${get[@]}" download libwine:i386 && dpkg-deb -x libwine_*_i386.deb .)
+  mv "$folder/cache/usr/lib/i386-linux-gnu/wine/i386-windows" "$folder/"
+  rm -rf "$folder/cache" "$folder/lists"
 }

@@ -76,10 +76,10 @@ HostEntry resolve(const char* name) {
 }
 
 template <typename Raise>
-Raised raisedBy(Raise raise) {
+Raised raisedBy(Raise provoke) {
   gResolver = resolve;
   raised.clear();
-  raise();
+  provoke();
   CHECK(references == 0);
   REQUIRE(raised.size() == 1);
   CHECK(raised[0].errorNumber == 0);
