@@ -4,6 +4,7 @@
 #include "bytes/methods.h"
 #include "codecs/methods.h"
 #include "host/methods.h"
+#include "markup/methods.h"
 
 namespace {
 
@@ -22,14 +23,22 @@ constexpr MethodEntry kMethods[] = {
     method("StrCompBytesZQV(a as string, b as string) as integer", StrCompBytesZQV),
     method("StrCompCharactersZQV(a as string, b as string) as integer", StrCompCharsZQV),
     method("CountOccurancesZQV(s as string, find as string) as integer", CountOccurancesZQV),
+    method("StringIsHTMLreadyZQV(s as string) as boolean", StringIsHTMLready),
+    method("StringIsXMLreadyZQV(s as string) as boolean", StringIsXMLready),
     method("StringANDZQV(a as string,b as string) as string", StringAND),
     method("StringORZQV(a as string,b as string) as string", StringOR),
     method("StringXORZQV(data as string, XorMask as string, MaskOffset as integer = 0) as string", StringXOR),
     method("StringXOR2ZQV(data as string, XorMask as string, MaskOffset as integer = 0) as string", StringXOR2),
     method("UnicodeStringZQV(s as string) as string", RBUnicodeString),
     method("NativeStringZQV(s as string) as string", RBNativeString),
+    method("EncodingToHTMLZQV(s as string, options as integer = 0) as string", EncodingToHTML),
+    method("DecodingFromHTMLZQV(s as string) as string", DecodingToHTML),
+    method("EncodingToXMLZQV(s as string, options as integer = 0) as string", EncodingToXML),
+    method("DecodingFromXMLZQV(s as string) as string", DecodingToHTML),
     method("EncodingToQuotedPrintableZQV(s as string, LineLen as integer = 72) as string", EncodingToQuotedPrintable2),
     method("DecodingFromQuotedPrintableZQV(s as string) as string", DecodingToQuotedPrintable),
+    method("RemoveHTMLTagsZQV(AsciiTextWithTags as string) as string", RemoveHTMLTags),
+    method("RemoveHTMLTagsWithZQV(AsciiTextWithTags as string, Replacement as string) as string", RemoveHTMLTagsWith),
     method("ConcatBinaryStringsZQV(a as string, b as string, c as string, d as string, e as string, f as string) as string", ConcatBinaryStringsZQV6),
     method("ConcatBinaryStringsZQV(a as string, b as string, c as string, d as string, e as string) as string", ConcatBinaryStringsZQV5),
     method("ConcatBinaryStringsZQV(a as string, b as string, c as string, d as string) as string", ConcatBinaryStringsZQV4),
