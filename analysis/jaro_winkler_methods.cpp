@@ -1,6 +1,6 @@
 #include "analysis/jaro_winkler.h"
 #include "analysis/methods.h"
-#include "analysis/work_area.h"
+#include "host/exceptions.h"
 #include "host/rb_text.h"
 
 double jaroWinklerDistanceZQV(REALstringStruct* a, REALstringStruct* b) noexcept {
@@ -11,7 +11,7 @@ double jaroWinklerDistanceZQV(REALstringStruct* a, REALstringStruct* b) noexcept
   const Utf32View B = second.utf32();
   const jaro_winkler::Result result = jaro_winkler::distance(A, B);
   if (result.shortage != Shortage::kNone) {
-    raiseNoWorkArea(std::ssize(result.shortage == Shortage::kFirstText ? A : B));
+    raiseOutOfMemory(std::ssize(result.shortage == Shortage::kFirstText ? A : B));
   }
   return result.distance;
 }

@@ -1,6 +1,6 @@
 #include "analysis/levenshtein.h"
 #include "analysis/methods.h"
-#include "analysis/work_area.h"
+#include "host/exceptions.h"
 #include "host/rb_text.h"
 #include "memory/limits.h"
 
@@ -13,7 +13,7 @@ double levenshteinDistanceZQV(REALstringStruct* a, REALstringStruct* b) noexcept
   const std::int64_t matrixSize = levenshtein::matrixSize(A, B);
   const std::int64_t distance = matrixSize <= kMaxSize ? levenshtein::distance(A, B) : levenshtein::kNoMemory;
   if (distance == levenshtein::kNoMemory) {
-    raiseNoWorkArea(matrixSize);
+    raiseOutOfMemory(matrixSize);
     return 1.0;
   }
   return levenshtein::relativeDistance(distance, A, B);
