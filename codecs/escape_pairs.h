@@ -2,23 +2,27 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 
+/// A bit for each byte, the first byte's lowest.
+template <typename Bits>
 struct EscapePairs {
-  std::uint32_t escaping;  ///< each mark that begins a pair
-  std::uint32_t escaped;   ///< each byte that ends one, mark or not
+  Bits escaping;  ///< each mark that begins a pair
+  Bits escaped;   ///< each byte that ends one, mark or not
 };
 
-/// Tells in a row of marks those that escape from those that are escaped, without a loop: subtracting the row from
-/// the odd positions turns it over from its first byte on (Langdale and Lemire, Parsing gigabytes of JSON per second).
+/// Tells in a row of marks those that escape from those that are escaped, without a loop: taking the row from the odd
+/// positions turns it over from its first byte on (Langdale and Lemire, Parsing gigabytes of JSON per second).
 /// @param marks    the positions of the escape character
 /// @param carried  1 when the first byte ends a pair begun before the vector, else 0
-[[nodiscard]] constexpr EscapePairs pairedOff(std::uint32_t marks, std::uint32_t carried) noexcept {
-  constexpr std::uint32_t kOdd = 0xAAAA'AAAA;
-  const std::uint32_t candidates = marks & ~carried;
-  const std::uint32_t turned = (((candidates << 1) | kOdd) - candidates) ^ kOdd;
+template <typename Bits>
+[[nodiscard]] constexpr EscapePairs<Bits> pairedOff(Bits marks, Bits carried) noexcept {
+  constexpr Bits kOdd = std::numeric_limits<Bits>::max() / 3 * 2;
+  const Bits candidates = marks & ~carried;
+  const Bits turned = (((candidates << 1) | kOdd) - candidates) ^ kOdd;
   return {turned & marks, turned ^ (marks | carried)};
 }
 
-static_assert(pairedOff(0b0111, 0).escaping == 0b0101 && pairedOff(0b0111, 0).escaped == 0b1010);
-static_assert(pairedOff(0b1110, 0).escaping == 0b1010 && pairedOff(0b1110, 0).escaped == 0b10100);
-static_assert(pairedOff(0b0011, 1).escaping == 0b0010 && pairedOff(0b0011, 1).escaped == 0b0101);
+static_assert(pairedOff(0b0111U, 0U).escaping == 0b0101 && pairedOff(0b0111U, 0U).escaped == 0b1010);
+static_assert(pairedOff(0b1110U, 0U).escaping == 0b1010 && pairedOff(0b1110U, 0U).escaped == 0b10100);
+static_assert(pairedOff(0b0011U, 1U).escaping == 0b0010 && pairedOff(0b0011U, 1U).escaped == 0b0101);

@@ -65,7 +65,8 @@ struct Block {
 
 /// @param pairs      of the text's backslashes
 /// @param following  the byte behind the text, or zero at the end
-AVX2_FUNCTION inline Block unescapedBlock(__m256i text, EscapePairs pairs, std::uint8_t following) noexcept {
+AVX2_FUNCTION inline Block unescapedBlock(__m256i text, EscapePairs<std::uint32_t> pairs,
+                                          std::uint8_t following) noexcept {
   const __m256i moved = _mm256_add_epi8(text, wide::all(kHashOffset));
   const __m256i mixed = _mm256_xor_si256(moved, _mm256_srli_epi16(moved, 4));
   const __m256i slots = _mm256_and_si256(mixed, wide::all(0x0F));
@@ -93,7 +94,7 @@ AVX2_FUNCTION std::size_t mysql::avx2::decode(ByteView text, ByteSpan bytes) noe
       out += kVector;
       continue;
     }
-    const EscapePairs pairs = pairedOff(marks, carried);
+    const EscapePairs<std::uint32_t> pairs = pairedOff(marks, carried);
     const Block result = unescapedBlock(block, pairs, left > kVector ? *in : 0);
     out = wide::storeKept(out, result.bytes, result.kept);
     carried = pairs.escaping >> 31;
