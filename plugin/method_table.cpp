@@ -2,6 +2,7 @@
 
 #include "analysis/methods.h"
 #include "bytes/methods.h"
+#include "codecs/methods.h"
 #include "host/methods.h"
 
 namespace {
@@ -23,6 +24,17 @@ constexpr MethodEntry kMethods[] = {
     method("StringXOR2ZQV(data as string, XorMask as string, MaskOffset as integer = 0) as string", StringXOR2),
     method("UnicodeStringZQV(s as string) as string", RBUnicodeString),
     method("NativeStringZQV(s as string) as string", RBNativeString),
+    method("DecodingFromMySQLZQV(s as string) as string", DecodingFromMySQL),
+    method("EncodingToURLZQV(s as string) as string", EncodingToURL1),
+    method("EncodingToURLZQV(s as string, options as integer) as string", EncodingToURL2),
+    method("DecodingFromURLZQV(s as string) as string", DecodingToURL1),
+    method("DecodingFromURLZQV(s as string, options as integer) as string", DecodingToURL2),
+    method("EncodingToISO8859ZQV(s as string) as string", EncodingToISO8859),
+    method("DecodingFromISO8859ZQV(s as string) as string", DecodingToISO8859),
+    method("EncodingToCP1252ZQV(s as string) as string", EncodingToCP1252),
+    method("DecodingFromCP1252ZQV(s as string) as string", DecodingToCP1252),
+    method("EncodingToHexZQV(s as string) as string", EncodingToHex),
+    method("DecodingFromHexZQV(s as string) as string", DecodingToHex),
     method("ConcatBinaryStringsZQV(a as string, b as string, c as string, d as string, e as string, f as string) as string", ConcatBinaryStringsZQV6),
     method("ConcatBinaryStringsZQV(a as string, b as string, c as string, d as string, e as string) as string", ConcatBinaryStringsZQV5),
     method("ConcatBinaryStringsZQV(a as string, b as string, c as string, d as string) as string", ConcatBinaryStringsZQV4),
