@@ -13,8 +13,12 @@ constexpr MethodEntry method(const char* declaration, MethodFunction function) n
 
 // clang-format off
 constexpr MethodEntry kMethods[] = {
+    method("EncodeEmailSubjectZQV(s as string) as string", EncodeEmailSubjectZQV),
+    method("_yDecodeMemoryZQV(data as memoryblock) as memoryblock", yDecodeZQVm),
+    method("_yDecodeStringZQV(data as string) as string", yDecodeZQVs),
     method("JaroWinklerDistanceZQV(a as string, b as string) as double", jaroWinklerDistanceZQV),
     method("LevenshteinDistanceZQV(a as string, b as string) as double", levenshteinDistanceZQV),
+    method("RandomBytesStringZQV(Length as integer, ASCII as boolean=false) as string", RandomBytesStringZQV),
     method("StrCompBytesZQV(a as string, b as string) as integer", StrCompBytesZQV),
     method("StrCompCharactersZQV(a as string, b as string) as integer", StrCompCharsZQV),
     method("CountOccurancesZQV(s as string, find as string) as integer", CountOccurancesZQV),
@@ -29,6 +33,8 @@ constexpr MethodEntry kMethods[] = {
     method("EncodingToURLZQV(s as string, options as integer) as string", EncodingToURL2),
     method("DecodingFromURLZQV(s as string) as string", DecodingToURL1),
     method("DecodingFromURLZQV(s as string, options as integer) as string", DecodingToURL2),
+    method("EncodingToQuotedPrintableZQV(s as string, LineLen as integer = 72) as string", EncodingToQuotedPrintable2),
+    method("DecodingFromQuotedPrintableZQV(s as string) as string", DecodingToQuotedPrintable),
     method("EncodingToISO8859ZQV(s as string) as string", EncodingToISO8859),
     method("DecodingFromISO8859ZQV(s as string) as string", DecodingToISO8859),
     method("EncodingToCP1252ZQV(s as string) as string", EncodingToCP1252),
