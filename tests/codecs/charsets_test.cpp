@@ -10,6 +10,7 @@
 
 #include <cstring>
 
+#include "memory/limits.h"
 #include "tests/reference/charsets.h"
 #include "tests/support/placed_bytes.h"
 #include "tests/support/random_bytes.h"
@@ -128,6 +129,14 @@ TEST_CASE("charsets: examples of encoding") {
   for (const Case& c : kEncoding) {
     CAPTURE(c.name);
     CHECK(encoded(c.text, c.set) == c.bytes);
+  }
+}
+
+TEST_CASE("charsets: the longest inputs that are taken") {
+  CHECK(charsets::encodingReserve(1'073'741'816) <= kMaxSize);
+  CHECK(charsets::encodingReserve(1'073'741'817) > kMaxSize);
+  for (const std::int64_t byteCount : {1'073'741'807, 1'073'741'808}) {
+    CHECK((charsets::decodingReserve(byteCount) <= kMaxSize) == reference::growsWithinLimit(byteCount));
   }
 }
 

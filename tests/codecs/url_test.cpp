@@ -3,6 +3,7 @@
 
 #include <doctest/doctest.h>
 
+#include "memory/limits.h"
 #include "tests/codecs/shortening.h"
 #include "tests/reference/url.h"
 #include "tests/support/random_bytes.h"
@@ -115,6 +116,12 @@ TEST_CASE("url: examples of decoding") {
     CAPTURE(c.name);
     CHECK(decoded(c.input, c.options) == c.output);
   }
+}
+
+TEST_CASE("url: the longest inputs that are taken, whatever their bytes") {
+  CHECK(url::encodedBound(715'827'879) == kMaxSize);
+  CHECK(url::encodedBound(715'827'880) > kMaxSize);
+  CHECK(url::decodedBound(kMaxSize) == kMaxSize);
 }
 
 TEST_CASE("url: every byte by every choice of options, in a vector and alone") {
