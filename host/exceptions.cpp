@@ -1,7 +1,5 @@
 #include "host/exceptions.h"
 
-#include <cinttypes>
-#include <cstdio>
 #include <cstring>
 #include <exception>
 #include <new>
@@ -45,12 +43,6 @@ void RaiseException(const char* className, const char* message, std::uint32_t er
 }
 
 void raiseOutOfMemory(const char* message) noexcept { raise(kOutOfMemory, message); }
-
-void raiseOutOfMemory(std::int64_t byteCount) noexcept {
-  char message[100];
-  std::snprintf(message, sizeof message, "Failed to allocate %" PRId64 " bytes of memory.", byteCount);
-  raiseOutOfMemory(message);
-}
 
 void raiseCurrentException() noexcept {
   try {

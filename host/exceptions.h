@@ -15,9 +15,6 @@ void RaiseException(const char* className, const char* message, std::uint32_t er
 /// Raises an "OutOfMemoryException" with a message other than the standard one.
 void raiseOutOfMemory(const char* message) noexcept;
 
-/// Raises an "OutOfMemoryException" that names the size of the work area that could not be had.
-void raiseOutOfMemory(std::int64_t byteCount) noexcept;
-
 /// Raises the host exception that stands for the C++ exception being handled. Only for use in a handler.
 void raiseCurrentException() noexcept;
 
