@@ -5,9 +5,36 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release)
+endif()
+
+find_program(CCACHE ccache)
+if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
 
 add_library(compiler_options INTERFACE)
 target_include_directories(compiler_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(compiler_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
-  -ffp-contract=off)  # a fused multiply-add would change the distances from platform to platform
+  -ffp-contract=off  # a fused multiply-add would change the distances from platform to platform
+  -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)  # the same bytes, wherever the sources lie
+
+if(WIN32)
+  # Everything runs without the compiler's own libraries at hand.
+  target_link_options(compiler_options INTERFACE -static)
+elseif(CMAKE_CROSSCOMPILING)
+  target_link_options(compiler_options INTERFACE -static-libstdc++ -static-libgcc)
+endif()
+
+# SANITIZE: what -fsanitize= gets; every target is built with it, and stops at the first finding.
+set(SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined")
+if(SANITIZE)
+  target_compile_options(compiler_options INTERFACE
+    -fsanitize=${SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -g1)
+  target_compile_definitions(compiler_options INTERFACE _GLIBCXX_ASSERTIONS)
+  target_link_options(compiler_options INTERFACE -fsanitize=${SANITIZE})
+endif()

@@ -2,16 +2,17 @@
 
 # Kernels: the C++ standard library and nothing else.
 add_library(stringkernels STATIC)
-target_link_libraries(stringkernels PRIVATE compiler_options)
+target_link_libraries(stringkernels PRIVATE shipped_options)
 
 # The bridge to the host, below the methods.
 add_library(hostbridge STATIC)
-target_link_libraries(hostbridge PUBLIC compiler_options stringkernels)
+target_link_libraries(hostbridge PUBLIC compiler_options stringkernels PRIVATE shipped_options)
 
 # The plugin file. It lies directly in the build folder, under the name it ships with.
 add_library(StringPlugin MODULE)
-target_link_libraries(StringPlugin PRIVATE hostbridge)
+target_link_libraries(StringPlugin PRIVATE shipped_options hostbridge)
 set_target_properties(StringPlugin PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
+harden_plugin(StringPlugin)
 
 # add_kernels(FILE...): sources that see no host type.
 function(add_kernels)

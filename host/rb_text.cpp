@@ -1,6 +1,7 @@
 #include "host/rb_text.h"
 
 #include <cstring>
+#include <limits>
 
 #include "host/build_string.h"
 #include "host/utf.h"
@@ -42,7 +43,10 @@ bool isAligned(const void* data) noexcept {
 /// that limit nobody needs the terminator and nothing is copied.
 template <typename Unit>
 bool exceedsCopy(const Unit* data, std::int32_t length) noexcept {
-  return terminatedSize<Unit>(length) > kMaxSize && data[length] != 0;
+  // Where pointers have 32 bits, the longest text leaves no room for a terminator in any object.
+  constexpr std::int64_t kMaxUnits =
+      std::numeric_limits<std::ptrdiff_t>::max() / static_cast<std::int64_t>(sizeof(Unit));
+  return terminatedSize<Unit>(length) > kMaxSize && (length >= kMaxUnits || data[length] != 0);
 }
 
 template <typename Unit>
@@ -190,7 +194,7 @@ void rbText::take(TextForm<Unit>& form, StringContents contents) noexcept {
   if (contents.data == nullptr && contents.length > 0) {
     form.had = false;
     failed_ = true;
-  } else if (length < 1) {
+  } else if (contents.data == nullptr || length < 1) {
     return;
   } else if (!isAligned<Unit>(contents.data)) {
     copyUnaligned(form, contents.data, length);

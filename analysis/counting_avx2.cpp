@@ -1,0 +1,142 @@
+/// Counting at 64 places of the text at once.
+#include "analysis/counting.h"
+
+#ifdef WIDE_AVX2
+
+#include <bit>
+
+#include "analysis/counting_anchors.h"
+#include "analysis/counting_two_way.h"
+#include "wide/vectors.h"
+
+namespace counting {
+namespace {
+
+/// Places of the text that are looked at together, one bit each.
+constexpr std::size_t kBlock = 64;
+
+/// The places of a block where one byte of the pattern is.
+struct Equal {
+  __m256i low;
+  __m256i high;
+};
+
+AVX2_FUNCTION inline Equal equal(const std::uint8_t* places, __m256i byte) noexcept {
+  return {_mm256_cmpeq_epi8(wide::load(places), byte), _mm256_cmpeq_epi8(wide::load(places + 32), byte)};
+}
+
+AVX2_FUNCTION inline std::uint64_t bits(Equal equal) noexcept {
+  return wide::bits(equal.low) | std::uint64_t{wide::bits(equal.high)} << 32;
+}
+
+AVX2_FUNCTION inline Equal both(Equal a, Equal b) noexcept {
+  return {_mm256_and_si256(a.low, b.low), _mm256_and_si256(a.high, b.high)};
+}
+
+AVX2_FUNCTION inline std::int64_t sumOfBytes(__m256i sums) noexcept {
+  const __m256i quarters = _mm256_sad_epu8(sums, _mm256_setzero_si256());
+  const __m128i halves = _mm_add_epi64(_mm256_castsi256_si128(quarters), _mm256_extracti128_si256(quarters, 1));
+  return _mm_cvtsi128_si32(halves) + _mm_extract_epi16(halves, 4);
+}
+
+AVX2_FUNCTION std::int64_t countByte(ByteView text, std::uint8_t byte) noexcept {
+  constexpr std::size_t kMostBlocks = 127;  // what a byte of a sum can hold, two vectors a block
+  const __m256i wanted = wide::all(byte);
+  std::int64_t count = 0;
+  std::size_t i = 0;
+  while (text.size() - i >= kBlock) {
+    const std::size_t end = i + kBlock * std::min(kMostBlocks, (text.size() - i) / kBlock);
+    __m256i sums = _mm256_setzero_si256();
+    for (; i < end; i += kBlock) {
+      const Equal found = equal(text.data() + i, wanted);
+      sums = _mm256_sub_epi8(sums, _mm256_add_epi8(found.low, found.high));
+    }
+    count += sumOfBytes(sums);
+  }
+  return count + (i < text.size() ? scalar::count(text.subspan(i), {&byte, 1}) : 0);
+}
+
+/// True when an occurrence can overlap the next one.
+bool overlapsItself(ByteView pattern) noexcept {
+  for (std::size_t i = 1; i < pattern.size(); ++i) {
+    if (pattern[i] == pattern[0] && std::memcmp(pattern.data(), pattern.data() + i, pattern.size() - i) == 0)
+      return true;
+  }
+  return false;
+}
+
+/// The bits from `begin` on.
+constexpr std::uint64_t from(std::size_t begin) noexcept { return begin < kBlock ? ~std::uint64_t{0} << begin : 0; }
+
+/// Patterns that are short enough to be compared at all places of a block at once.
+constexpr std::size_t kShortPattern = 16;
+
+/// The places of a block where a short pattern occurs.
+AVX2_FUNCTION inline std::uint64_t occurrences(const std::uint8_t* places, ByteView pattern, Anchors anchors) noexcept {
+  Equal found = both(equal(places + anchors.first, wide::all(pattern[anchors.first])),
+                     equal(places + anchors.second, wide::all(pattern[anchors.second])));
+  if (pattern.size() == 2 || bits(found) == 0) return bits(found);
+  for (std::size_t i = 0; i < pattern.size(); ++i) found = both(found, equal(places + i, wide::all(pattern[i])));
+  return bits(found);
+}
+
+AVX2_FUNCTION std::int64_t countShort(ByteView text, ByteView pattern) noexcept {
+  const Anchors anchors = chooseAnchors(pattern);
+  const bool overlaps = overlapsItself(pattern);
+  const std::size_t places = text.size() - pattern.size() + 1;
+  std::int64_t count = 0;
+  for (std::size_t i = 0; i < places;) {
+    const std::size_t block = std::min(i, places - kBlock);
+    std::uint64_t found = occurrences(text.data() + block, pattern, anchors) & from(i - block);
+    i = block + kBlock;
+    if (!overlaps) {
+      count += std::popcount(found);
+      continue;
+    }
+    while (found != 0) {
+      const std::size_t behind = static_cast<std::size_t>(std::countr_zero(found)) + pattern.size();
+      ++count;
+      found &= from(behind);
+      if (behind > kBlock) i = block + behind;
+    }
+  }
+  return count;
+}
+
+AVX2_FUNCTION std::int64_t countLong(ByteView text, ByteView pattern) noexcept {
+  const Anchors anchors = chooseAnchors(pattern);
+  const __m256i firstByte = wide::all(pattern[anchors.first]);
+  const __m256i secondByte = wide::all(pattern[anchors.second]);
+  const std::size_t places = text.size() - pattern.size() + 1;
+  Verifier verifier(pattern);
+  std::int64_t count = 0;
+  for (std::size_t i = 0; i < places;) {
+    const std::size_t block = std::min(i, places - kBlock);
+    const Equal found = both(equal(text.data() + block + anchors.first, firstByte),
+                             equal(text.data() + block + anchors.second, secondByte));
+    std::uint64_t candidates = bits(found) & from(i - block);
+    i = block + kBlock;
+    while (candidates != 0) {
+      const std::size_t place = static_cast<std::size_t>(std::countr_zero(candidates));
+      candidates &= candidates - 1;
+      if (!verifier.occursAt(text.data() + block + place)) continue;
+      ++count;
+      candidates &= from(place + pattern.size());
+      i = std::max(i, block + place + pattern.size());
+    }
+    if (verifier.isTooDear(i)) return count + countTwoWay(text.subspan(std::min(i, text.size())), pattern);
+  }
+  return count;
+}
+
+}  // namespace
+
+std::int64_t avx2::count(ByteView text, ByteView pattern) noexcept {
+  if (pattern.size() == 1) return countByte(text, pattern[0]);
+  if (text.size() < pattern.size() + kBlock - 1) return scalar::count(text, pattern);
+  return pattern.size() <= kShortPattern ? countShort(text, pattern) : countLong(text, pattern);
+}
+
+}  // namespace counting
+
+#endif  // WIDE_AVX2

@@ -1,0 +1,122 @@
+/// Quoted-printable in vectors of 32 bytes.
+#include "codecs/quoted_printable.h"
+
+#ifdef WIDE_AVX2
+
+#include <algorithm>
+
+#include "codecs/hex_escapes_avx2.h"
+#include "wide/compaction.h"
+
+namespace {
+
+using wide::all;
+using wide::bits;
+using wide::kVector;
+using wide::load;
+
+AVX2_FUNCTION inline __m256i equal(__m256i bytes, std::uint8_t byte) noexcept {
+  return _mm256_cmpeq_epi8(bytes, all(byte));
+}
+
+/// The bytes that can't stand for themselves in a line; line breaks are among them.
+AVX2_FUNCTION inline std::uint32_t notLiteral(__m256i bytes) noexcept {
+  const __m256i control = _mm256_andnot_si256(equal(bytes, '\t'), _mm256_cmpgt_epi8(all(0x20), bytes));  // or >= 0x80
+  return bits(_mm256_or_si256(control, _mm256_or_si256(equal(bytes, '='), equal(bytes, 0x7F))));
+}
+
+/// What stands in a vector of quoted-printable text, a bit for each byte.
+struct Layout {
+  std::uint32_t dropped;  ///< bytes that yield nothing
+  std::uint32_t odd;      ///< starts of what needs a closer look, and of what may go on beyond the vector
+};
+
+/// @param marks   the positions of "="
+/// @param digits  the positions of hexadecimal digits
+AVX2_FUNCTION inline Layout layoutOf(std::uint32_t marks, std::uint32_t returns, std::uint32_t feeds,
+                                     std::uint32_t digits) noexcept {
+  const std::uint32_t escapes = marks & digits >> 1 & digits >> 2;
+  const std::uint32_t softBreaks = marks & (returns | feeds) >> 1;
+  const std::uint32_t secondFeeds = feeds & returns << 1;  // of CR LF
+  const std::uint32_t loneFeeds = feeds & ~secondFeeds;
+  const std::uint32_t reversedPairs = (loneFeeds & returns >> 1) | (marks & feeds >> 1 & returns >> 2);  // LF CR
+  const std::uint32_t open = (marks & 1U << 30) | ((returns | loneFeeds) & 1U << 31);
+  return {.dropped = escapes << 1 | escapes << 2 | softBreaks | softBreaks << 1 | secondFeeds,
+          .odd = (marks & ~(escapes | softBreaks)) | reversedPairs | open};
+}
+
+/// Each byte read together with the one after it as two digits; what isn't one counts as 0.
+/// @param values  of the characters, moved down by one
+AVX2_FUNCTION inline __m256i followingPairs(__m256i values) noexcept {
+  const __m256i upperHalf = _mm256_permute2x128_si256(values, values, 0x81);
+  const __m256i high = _mm256_alignr_epi8(upperHalf, values, 1);
+  const __m256i low = _mm256_alignr_epi8(upperHalf, values, 2);
+  return _mm256_or_si256(_mm256_slli_epi16(high, 4), low);
+}
+
+}  // namespace
+
+AVX2_FUNCTION quoted_printable::Progress quoted_printable::avx2::escape(ByteView bytes, std::size_t limit,
+                                                                        std::uint8_t* out) noexcept {
+  const std::uint8_t* in = bytes.data();
+  const std::uint8_t* const end = in + std::min(bytes.size(), limit);
+  while (end - in >= kVector) {
+    const __m256i vector = load(in);
+    const std::uint32_t special = notLiteral(vector);
+    if (special == 0) {
+      wide::store(out, vector);
+      in += kVector;
+      out += kVector;
+      continue;
+    }
+    const std::uint32_t breaks = bits(_mm256_or_si256(equal(vector, '\r'), equal(vector, '\n')));
+    const unsigned count = _tzcnt_u32(breaks);  // what is written for the bytes behind it gets overwritten
+    const std::uint32_t escaped = wide::below(special, count);
+    if (escaped == 0) {
+      wide::store(out, vector);
+    } else if (escaped == ~0U) {
+      ::avx2::storeAllEscaped(out, vector);
+    } else {
+      ::avx2::storeEscaped(out, vector, vector, escaped);
+    }
+    in += count;
+    out += count + 2 * static_cast<unsigned>(_mm_popcnt_u32(escaped));
+    if (breaks != 0) return {in, out};
+  }
+  return scalar::escape({in, end}, limit, out);
+}
+
+AVX2_FUNCTION std::size_t quoted_printable::avx2::decode(ByteView text, ByteSpan bytes) noexcept {
+  const std::uint8_t* const end = text.data() + text.size();
+  Progress at{text.data(), bytes.data()};
+  while (end - at.in >= kVector) {
+    const __m256i vector = load(at.in);
+    const __m256i isMark = equal(vector, '=');
+    const __m256i isReturn = equal(vector, '\r');
+    const __m256i isFeed = equal(vector, '\n');
+    if (bits(_mm256_or_si256(isMark, _mm256_or_si256(isReturn, isFeed))) == 0) {
+      wide::store(at.out, vector);
+      at = {at.in + kVector, at.out + kVector};
+      continue;
+    }
+    const __m256i values = ::avx2::hexValues(vector);
+    const __m256i isNoDigit = _mm256_andnot_si256(equal(vector, '0'), equal(values, 0));
+    const Layout layout = layoutOf(bits(isMark), bits(isReturn), bits(isFeed), ~bits(isNoDigit));
+    const __m256i unescaped = _mm256_blendv_epi8(vector, followingPairs(values), isMark);
+    const __m256i decoded = _mm256_blendv_epi8(unescaped, all('\n'), isReturn);
+    if (layout.odd == 0) {  // the usual case on its own, so that where to read next doesn't wait for the layout
+      at = {at.in + kVector, wide::storeKept(at.out, decoded, ~layout.dropped)};
+      continue;
+    }
+    const unsigned count = _tzcnt_u32(layout.odd);
+    if (count != 0) {
+      at = {at.in + count, wide::storeKept(at.out, decoded, wide::below(~layout.dropped, count))};
+    } else {
+      at = scalar::decodeSpecial(at, end);
+    }
+  }
+  const auto done = static_cast<std::size_t>(at.out - bytes.data());
+  return done + scalar::decode({at.in, end}, bytes.subspan(done));
+}
+
+#endif  // WIDE_AVX2

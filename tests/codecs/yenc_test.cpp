@@ -1,0 +1,78 @@
+#include "codecs/yenc.h"
+
+#include <doctest/doctest.h>
+
+#include "tests/codecs/shortening.h"
+#include "tests/reference/yenc.h"
+#include "tests/support/random_bytes.h"
+
+using namespace std::string_view_literals;
+
+namespace {
+
+struct Case {
+  const char* name;
+  std::string_view data;
+  std::string_view bytes;
+};
+
+constexpr Case kCases[] = {
+    {"nothing", "", ""},
+    {"plain letters", "\x72\x8F\x96\x96\x99", "Hello"},
+    {"the smallest byte, escaped and not", "=\x6A\x2A", "\0\0"sv},
+    {"escapes", "=}=M", "\x13\xE3"},
+    {"line breaks are data", "\r\n", "\xE3\xE0"},
+    {"an escaped escape, then a letter", "==\x72", "\xD3H"},
+    {"escapes in a row of odd length", "===\x72", "\xD3\x08"},
+    {"a final escape", "\x72=", "H\x96"},
+};
+
+void agreesWithTwin(ShorteningKernel kernel) {
+  RandomBytes random(36);
+  constexpr std::string_view kSparse = "abcdefghijklmnopqrstuvwxyz\x80\xFF=";
+  constexpr std::string_view kAlphabets[] = {kSparse, "ab=", "=", "a=b=c=d", "====a"};
+  for (std::size_t length = 0; length <= 200; ++length) {
+    const std::size_t offset = random.below(32);
+    CAPTURE(length);
+    for (const std::string_view alphabet : kAlphabets) {
+      const std::string data = random.of(alphabet, length);
+      CHECK(shortened(kernel, data, offset) == reference::yencDecoded(data));
+    }
+    const std::string bytes = random(length);
+    CHECK(shortened(kernel, reference::yencEncoded(bytes), offset) == bytes);
+  }
+}
+
+}  // namespace
+
+TEST_CASE("yenc: examples") {
+  for (const Case& c : kCases) {
+    CAPTURE(c.name);
+    CHECK(shortened(yenc::decode, c.data) == c.bytes);
+    CHECK(reference::yencDecoded(c.data) == c.bytes);
+  }
+}
+
+TEST_CASE("yenc: the plain form agrees with the naive twin") { agreesWithTwin(yenc::scalar::decode); }
+
+#ifdef WIDE_AVX2
+TEST_CASE("yenc: the wide forms agree with the naive twin") {
+  if (cpu::hasAvx2()) agreesWithTwin(yenc::avx2::decode);
+  if (cpu::hasAvx512()) agreesWithTwin(yenc::avx512::decode);
+}
+
+TEST_CASE("yenc: every choice of escapes around the end of a vector") {
+  for (const std::size_t first : {27U, 59U}) {
+    for (unsigned choice = 0; choice < 1024; ++choice) {
+      std::string data(110, 'x');
+      for (unsigned i = 0; i < 10; ++i) {
+        if ((choice >> i & 1U) != 0) data[first + i] = '=';
+      }
+      CAPTURE(choice);
+      const std::string bytes = reference::yencDecoded(data);
+      if (cpu::hasAvx2()) CHECK(shortened(yenc::avx2::decode, data) == bytes);
+      if (cpu::hasAvx512()) CHECK(shortened(yenc::avx512::decode, data) == bytes);
+    }
+  }
+}
+#endif

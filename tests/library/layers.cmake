@@ -1,0 +1,57 @@
+# Who may include whom.
+#   cmake -DROOT=… -P layers.cmake
+include(${CMAKE_CURRENT_LIST_DIR}/expect.cmake)
+
+# From the ground up. A layer is the folder of a file; the files that declare and define methods are one of their own.
+set(kernels markup codecs bytes analysis)
+set(memory_sees memory)
+set(wide_sees memory wide)
+foreach(kernel IN LISTS kernels)
+  set(${kernel}_sees memory wide ${kernel})
+endforeach()
+set(host_sees memory wide host)
+set(methods_sees memory wide ${kernels} host methods)
+set(plugin_sees memory wide ${kernels} host methods plugin)
+set(standin_sees standin)
+set(stringhost_sees standin stringhost)
+
+# What is open to those beside the layer too: the binary interface to the stand-in host, shared tables to the kernels.
+set(markup_sees_also codecs/hex_digits.h)
+set(analysis_sees_also codecs/hex_digits.h)
+set(standin_sees_also host/records.h host/encodings.h)
+set(stringhost_sees_also host/records.h host/encodings.h)
+
+function(layer_of file result)
+  if(file MATCHES "(/methods\\.h|_methods\\.cpp)$" AND NOT file MATCHES "^plugin/")
+    set(${result} methods PARENT_SCOPE)
+  else()
+    string(REGEX REPLACE "/.*" "" folder ${file})
+    set(${result} ${folder} PARENT_SCOPE)
+  endif()
+endfunction()
+
+function(check_file file layer)
+  file(STRINGS ${ROOT}/${file} lines REGEX "^[ \t]*#[ \t]*include")
+  foreach(line IN LISTS lines)
+    if(line MATCHES "\"(.*)\"")
+      set(included ${CMAKE_MATCH_1})
+      layer_of(${included} seen)
+      if(NOT seen IN_LIST ${layer}_sees AND NOT included IN_LIST ${layer}_sees_also)
+        message(SEND_ERROR "${file} includes ${included}: ${layer} sees ${${layer}_sees} ${${layer}_sees_also}")
+      endif()
+    elseif(NOT layer STREQUAL "stringhost")
+      expect_not("${line}" "<(iostream|istream|ostream|sstream|fstream|iomanip|ios|locale|regex)>"
+        "${file} uses streams or locales")
+    endif()
+  endforeach()
+endfunction()
+
+foreach(folder memory wide ${kernels} host plugin standin stringhost)
+  file(GLOB_RECURSE files RELATIVE ${ROOT} ${ROOT}/${folder}/*.h ${ROOT}/${folder}/*.cpp)
+  list(LENGTH files count)
+  message("${folder}: ${count} files")
+  foreach(file IN LISTS files)
+    layer_of(${file} layer)
+    check_file(${file} ${layer})
+  endforeach()
+endforeach()

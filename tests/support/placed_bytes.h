@@ -1,0 +1,50 @@
+/// Input and output of kernels at chosen alignments, in memory that shows when a kernel leaves its span.
+#pragma once
+
+#include <cstddef>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "memory/byte_view.h"
+
+/// Bytes that begin `offset` behind an aligned address. A sanitizer watches the byte after the last one; without a
+/// sanitizer a margin on both sides tells whether it was written to.
+class PlacedBytes {
+ public:
+  PlacedBytes(std::size_t size, std::size_t offset)
+      : size_(size), start_(kMargin + offset), block_(new std::uint8_t[blockSize()]) {
+    std::memset(block_.get(), kUntouched, blockSize());
+  }
+  PlacedBytes(std::string_view bytes, std::size_t offset) : PlacedBytes(bytes.size(), offset) {
+    if (!bytes.empty()) std::memcpy(span().data(), bytes.data(), bytes.size());
+  }
+
+  [[nodiscard]] ByteSpan span() const { return {block_.get() + start_, size_}; }
+  [[nodiscard]] std::string text() const { return {reinterpret_cast<const char*>(span().data()), size_}; }
+
+  /// True while nothing around the bytes has been written.
+  [[nodiscard]] bool marginsIntact() const {
+    for (std::size_t i = 0; i < blockSize(); ++i) {
+      const bool outside = i < start_ || i >= start_ + size_;
+      if (outside && block_[i] != kUntouched) return false;
+    }
+    return true;
+  }
+
+ private:
+#ifdef __SANITIZE_ADDRESS__
+  static constexpr std::size_t kMarginBehind = 0;
+#else
+  static constexpr std::size_t kMarginBehind = 64;
+#endif
+  static constexpr std::size_t kMargin = 64;
+  static constexpr std::uint8_t kUntouched = 0xB7;
+
+  [[nodiscard]] std::size_t blockSize() const { return start_ + size_ + kMarginBehind; }
+
+  std::size_t size_;
+  std::size_t start_;
+  std::unique_ptr<std::uint8_t[]> block_;
+};
