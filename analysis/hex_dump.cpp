@@ -1,0 +1,147 @@
+#include "analysis/hex_dump.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+#include "codecs/hex_digits.h"
+
+namespace {
+
+using hex_dump::Layout;
+
+/// From this many bytes on the wide registers win.
+constexpr std::size_t kWideFrom = 128;
+
+constexpr std::int64_t kEndless = std::numeric_limits<std::int64_t>::max();
+
+/// Sums and products of numbers that are not negative; they stay at the largest once they reach it.
+std::int64_t saturatingSum(std::int64_t a, std::int64_t b) noexcept {
+  std::int64_t sum = 0;
+  return __builtin_add_overflow(a, b, &sum) ? kEndless : sum;
+}
+std::int64_t saturatingProduct(std::int64_t a, std::int64_t b) noexcept {
+  std::int64_t product = 0;
+  return __builtin_mul_overflow(a, b, &product) ? kEndless : product;
+}
+
+std::int64_t lineCount(std::int64_t byteCount, const Layout& layout) noexcept {
+  const std::int64_t perLine = layout.lineDigits();
+  return 2 * byteCount / perLine + (2 * byteCount % perLine != 0 ? 1 : 0);
+}
+
+std::uint8_t* append(ByteView text, std::uint8_t* out) noexcept {
+  if (text.size() == 1) {
+    *out = text[0];
+  } else if (!text.empty()) {
+    std::memcpy(out, text.data(), text.size());
+  }
+  return out + text.size();
+}
+
+/// Repeats the first bytes of a text throughout it.
+void repeat(std::uint8_t* text, std::int64_t unit, std::int64_t size) noexcept {
+  constexpr std::int64_t kEnough = 16384;  // stays in the first-level cache
+  std::int64_t step = unit;
+  for (std::int64_t done = unit; done < size; done += step) {
+    if (step < kEnough) step = done;
+    std::memcpy(text + done, text, static_cast<std::size_t>(std::min(step, size - done)));
+  }
+}
+
+/// Writes all that isn't a digit. Where digits go, fill of one character stands already.
+void writeFrame(const Layout& layout, ByteSpan text) noexcept {
+  const std::int64_t group = layout.groupDigits + std::ssize(layout.spacer);
+  const std::int64_t groups = layout.lineGroups * group - std::ssize(layout.spacer);
+  std::uint8_t* const firstGroup = append(layout.lineStart, text.data());
+  std::memset(firstGroup, layout.filler.empty() ? '0' : layout.filler[0], static_cast<std::size_t>(layout.groupDigits));
+  if (layout.lineGroups > 1) append(layout.spacer, firstGroup + layout.groupDigits);
+  repeat(firstGroup, group, groups);
+  append(layout.lineEnd, firstGroup + groups);
+  repeat(text.data(), hex_dump::lineSize(layout), std::ssize(text));
+}
+
+/// Goes through the places where digits go, so many at once, and calls `place(index, text)` for each.
+/// @param kWidth  digits at once; divides the size of a group
+/// @param index   of the first place, in the count of places, and `end` beyond the last
+template <int kWidth, typename Place>
+void forEachPlace(const Layout& layout, std::uint8_t* text, std::int64_t index, std::int64_t end,
+                  Place place) noexcept {
+  const std::int64_t groupPlaces = layout.groupDigits / kWidth;
+  const std::int64_t groupsBefore = index / groupPlaces;
+  const std::int64_t afterGroup = std::ssize(layout.spacer);
+  const std::int64_t afterLine = std::ssize(layout.lineEnd) + std::ssize(layout.lineStart);
+  std::int64_t placesLeft = groupPlaces - index % groupPlaces;
+  std::int64_t groupsLeft = layout.lineGroups - groupsBefore % layout.lineGroups;
+  const std::int64_t linesBefore = groupsBefore / layout.lineGroups;
+  std::uint8_t* out = text + std::ssize(layout.lineStart) + linesBefore * (afterLine - afterGroup) +
+                      groupsBefore * afterGroup + index * kWidth;
+  for (; index < end; ++index) {
+    place(index, out);
+    out += kWidth;
+    if (--placesLeft > 0) continue;
+    placesLeft = groupPlaces;
+    if (--groupsLeft > 0) {
+      out += afterGroup;
+    } else {
+      groupsLeft = layout.lineGroups;
+      out += afterLine;
+    }
+  }
+}
+
+void placeBytes(ByteView bytes, const Layout& layout, std::uint8_t* text) noexcept {
+  forEachPlace<2>(layout, text, 0, std::ssize(bytes), [in = bytes.data()](std::int64_t index, std::uint8_t* out) {
+    out[0] = kHexDigits[in[index] >> 4];
+    out[1] = kHexDigits[in[index] & 0x0F];
+  });
+}
+
+void placeNibbles(ByteView bytes, const Layout& layout, std::uint8_t* text) noexcept {
+  forEachPlace<1>(layout, text, 0, 2 * std::ssize(bytes), [in = bytes.data()](std::int64_t index, std::uint8_t* out) {
+    *out = kHexDigits[in[index / 2] >> (index % 2 == 0 ? 4 : 0) & 0x0F];
+  });
+}
+
+void placeFill(std::int64_t byteCount, const Layout& layout, std::uint8_t* text) noexcept {
+  auto fill = layout.filler.begin();
+  forEachPlace<1>(layout, text, 2 * byteCount, hex_dump::digitCount(byteCount, layout),
+                  [&](std::int64_t, std::uint8_t* out) {
+                    *out = *fill++;
+                    if (fill == layout.filler.end()) fill = layout.filler.begin();
+                  });
+}
+
+}  // namespace
+
+std::int64_t hex_dump::digitCount(std::int64_t byteCount, const Layout& layout) noexcept {
+  return lineCount(byteCount, layout) * layout.lineDigits();
+}
+
+std::int64_t hex_dump::lineSize(const Layout& layout) noexcept {
+  const std::int64_t frame = std::ssize(layout.lineStart) + std::ssize(layout.lineEnd);
+  const std::int64_t spacers = saturatingProduct(layout.lineGroups - 1, std::ssize(layout.spacer));
+  return saturatingSum(saturatingSum(frame, layout.lineDigits()), spacers);
+}
+
+std::int64_t hex_dump::size(std::int64_t byteCount, const Layout& layout) noexcept {
+  return saturatingProduct(lineCount(byteCount, layout), lineSize(layout));
+}
+
+void hex_dump::write(ByteView bytes, const Layout& layout, ByteSpan text) noexcept {
+#ifdef WIDE_AVX2
+  if (bytes.size() >= kWideFrom && cpu::hasAvx2()) return avx2::write(bytes, layout, text);
+#endif
+  scalar::write(bytes, layout, text);
+}
+
+void hex_dump::scalar::write(ByteView bytes, const Layout& layout, ByteSpan text) noexcept {
+  if (bytes.empty()) return;
+  writeFrame(layout, text);
+  if (layout.groupDigits % 2 == 0) {
+    placeBytes(bytes, layout, text.data());
+  } else {
+    placeNibbles(bytes, layout, text.data());
+  }
+  if (layout.filler.size() > 1) placeFill(std::ssize(bytes), layout, text.data());
+}
