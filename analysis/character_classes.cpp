@@ -1,107 +1,85 @@
 #include "analysis/character_classes.h"
 
-#include <cstring>
+#include "wide/byte_word.h"
 
 namespace {
 
-using character_classes::ByteClass;
+using byte_word::kHighBits;
+using byte_word::load;
+using byte_word::store;
 using Word = std::uint64_t;
 
 constexpr std::size_t kWordSize = sizeof(Word);
+constexpr Word kSpaces = byte_word::kOnes * ' ';
 
-/// From this many bytes on the wide registers win.
-constexpr std::size_t kWideFrom = 32;
-
-constexpr Word everyByte(std::uint8_t byte) noexcept { return Word{byte} * 0x0101'0101'0101'0101; }
-
-constexpr Word kHighBits = everyByte(0x80);
-constexpr Word kSpaces = everyByte(' ');
-
-Word load(const std::uint8_t* bytes) noexcept {
-  Word word = 0;
-  std::memcpy(&word, bytes, sizeof word);
-  return word;
-}
-
-void store(Word word, std::uint8_t* bytes, std::size_t count = kWordSize) noexcept { std::memcpy(bytes, &word, count); }
-
-/// Not 0 when one of 8 bytes isn't of the class. The subtraction borrows from a byte below 0x20 only, and then there
-/// is one.
-template <ByteClass kClass>
-Word outsiders(Word word) noexcept {
-  switch (kClass) {
-    case ByteClass::kSevenBit:
-      return word & kHighBits;
-    case ByteClass::kPrintable:
-      return ((word - kSpaces) | word) & kHighBits;
-    case ByteClass::kFromSpaceOn:
-      return (word - kSpaces) & ~word & kHighBits;
-  }
-  return 0;
-}
-
-/// The bytes at hand, completed with spaces, which are of every class.
+/// Fewer than 8 bytes, completed with spaces, which are in every range.
 Word loadShort(const std::uint8_t* bytes, std::size_t count) noexcept {
   Word word = kSpaces;
   std::memcpy(&word, bytes, count);
   return word;
 }
 
-template <ByteClass kClass>
-bool allOf(ByteView bytes) noexcept {
+/// Not 0 when one of 8 bytes is below 0x20. The first such byte, and none before it, borrows from the next one.
+Word controls(Word word) noexcept { return (word - kSpaces) & ~word & kHighBits; }
+
+Word nonPrintables(Word word) noexcept { return ((word - kSpaces) | word) & kHighBits; }
+
+template <Word (*kOutsiders)(Word)>
+bool areAllInside(ByteView bytes) noexcept {
   const std::uint8_t* const in = bytes.data();
   const std::size_t size = bytes.size();
-  if (size < kWordSize) return size == 0 || outsiders<kClass>(loadShort(in, size)) == 0;
+  if (size < kWordSize) return size == 0 || kOutsiders(loadShort(in, size)) == 0;
   for (std::size_t i = 0; i + kWordSize <= size; i += kWordSize) {
-    if (outsiders<kClass>(load(in + i)) != 0) return false;
+    if (kOutsiders(load(in + i)) != 0) return false;
   }
-  return outsiders<kClass>(load(in + size - kWordSize)) == 0;  // some of it once more
+  return kOutsiders(load(in + size - kWordSize)) == 0;  // some of it once more
 }
 
-/// 8 bytes with the replacement where one isn't printable. No byte borrows from the next: each is 0x80 or more.
+/// 8 bytes with the replacement in the right places. Nothing is borrowed: each byte subtracted from is 0x80 or more.
 Word replaced(Word word, Word replacement) noexcept {
-  const Word marks = ((word | kHighBits) - kSpaces) & ~word & kHighBits;
-  const Word kept = (marks >> 7) * 0xFF;
+  const Word printables = ((word | kHighBits) - kSpaces) & ~word & kHighBits;
+  const Word kept = (printables >> 7) * 0xFF;
   return (word & kept) | (replacement & ~kept);
 }
 
 }  // namespace
 
-bool character_classes::scalar::consistsOf(ByteClass byteClass, ByteView bytes) noexcept {
-  switch (byteClass) {
-    case ByteClass::kSevenBit:
-      return allOf<ByteClass::kSevenBit>(bytes);
-    case ByteClass::kPrintable:
-      return allOf<ByteClass::kPrintable>(bytes);
-    case ByteClass::kFromSpaceOn:
-      return allOf<ByteClass::kFromSpaceOn>(bytes);
-  }
-  return false;
-}
+bool character_classes::scalar::arePrintable(ByteView bytes) noexcept { return areAllInside<nonPrintables>(bytes); }
+
+bool character_classes::scalar::areFromSpaceOn(ByteView bytes) noexcept { return areAllInside<controls>(bytes); }
 
 void character_classes::scalar::replaceNonPrintable(ByteView bytes, std::uint8_t replacement, ByteSpan out) noexcept {
-  const Word replacements = everyByte(replacement);
+  const Word replacements = byte_word::kOnes * replacement;
   const std::uint8_t* const in = bytes.data();
   std::uint8_t* const to = out.data();
   const std::size_t size = bytes.size();
   if (size < kWordSize) {
-    if (size != 0) store(replaced(loadShort(in, size), replacements), to, size);
+    if (size == 0) return;
+    const Word word = replaced(loadShort(in, size), replacements);
+    std::memcpy(to, &word, size);
     return;
   }
-  for (std::size_t i = 0; i + kWordSize <= size; i += kWordSize) store(replaced(load(in + i), replacements), to + i);
-  store(replaced(load(in + size - kWordSize), replacements), to + size - kWordSize);  // some of it once more
+  for (std::size_t i = 0; i + kWordSize <= size; i += kWordSize) store(to + i, replaced(load(in + i), replacements));
+  store(to + size - kWordSize, replaced(load(in + size - kWordSize), replacements));  // some of it once more
 }
 
-bool character_classes::consistsOf(ByteClass byteClass, ByteView bytes) noexcept {
+bool character_classes::arePrintable(ByteView bytes) noexcept {
 #ifdef WIDE_AVX2
-  if (bytes.size() >= kWideFrom && cpu::hasAvx2()) return avx2::consistsOf(byteClass, bytes);
+  if (bytes.size() >= avx2::kMinSize && cpu::hasAvx2()) return avx2::arePrintable(bytes);
 #endif
-  return scalar::consistsOf(byteClass, bytes);
+  return scalar::arePrintable(bytes);
+}
+
+bool character_classes::areFromSpaceOn(ByteView bytes) noexcept {
+#ifdef WIDE_AVX2
+  if (bytes.size() >= avx2::kMinSize && cpu::hasAvx2()) return avx2::areFromSpaceOn(bytes);
+#endif
+  return scalar::areFromSpaceOn(bytes);
 }
 
 void character_classes::replaceNonPrintable(ByteView bytes, std::uint8_t replacement, ByteSpan out) noexcept {
 #ifdef WIDE_AVX2
-  if (bytes.size() >= kWideFrom && cpu::hasAvx2()) return avx2::replaceNonPrintable(bytes, replacement, out);
+  if (bytes.size() >= avx2::kMinSize && cpu::hasAvx2()) return avx2::replaceNonPrintable(bytes, replacement, out);
 #endif
   scalar::replaceNonPrintable(bytes, replacement, out);
 }

@@ -1,4 +1,5 @@
-/// Byte ranges: tests for text that keeps to one, and the replacement of what is beyond.
+/// Byte ranges: tests for bytes that keep to one, and the replacement of those that don't. The range of 7-bit ASCII
+/// is tested in wide/ascii_scan.h.
 #pragma once
 
 #include "memory/byte_view.h"
@@ -6,28 +7,28 @@
 
 namespace character_classes {
 
-enum class ByteClass {
-  kSevenBit,     ///< 0x00 to 0x7F
-  kPrintable,    ///< 0x20 to 0x7F: the delete character counts
-  kFromSpaceOn,  ///< 0x20 to 0xFF
-};
+/// True when every byte is from 0x20 to 0x7F, the delete character included; also for no bytes.
+[[nodiscard]] bool arePrintable(ByteView bytes) noexcept;
 
-/// True when every byte is of the class; also for no bytes. Stops at the first that isn't.
-[[nodiscard]] bool consistsOf(ByteClass byteClass, ByteView bytes) noexcept;
+/// True when no byte is below 0x20.
+[[nodiscard]] bool areFromSpaceOn(ByteView bytes) noexcept;
 
-/// Copies the bytes, with the replacement in place of those that aren't printable.
+/// Copies bytes, with the replacement in place of those that aren't printable.
 /// @param out  as long as `bytes`; may not overlap it
 void replaceNonPrintable(ByteView bytes, std::uint8_t replacement, ByteSpan out) noexcept;
 
 namespace scalar {
-[[nodiscard]] bool consistsOf(ByteClass byteClass, ByteView bytes) noexcept;
+[[nodiscard]] bool arePrintable(ByteView bytes) noexcept;
+[[nodiscard]] bool areFromSpaceOn(ByteView bytes) noexcept;
 void replaceNonPrintable(ByteView bytes, std::uint8_t replacement, ByteSpan out) noexcept;
 }  // namespace scalar
 
 #ifdef WIDE_AVX2
-/// For at least 32 bytes.
+/// For at least `kMinSize` bytes.
 namespace avx2 {
-[[nodiscard]] bool consistsOf(ByteClass byteClass, ByteView bytes) noexcept;
+inline constexpr std::size_t kMinSize = 32;
+[[nodiscard]] bool arePrintable(ByteView bytes) noexcept;
+[[nodiscard]] bool areFromSpaceOn(ByteView bytes) noexcept;
 void replaceNonPrintable(ByteView bytes, std::uint8_t replacement, ByteSpan out) noexcept;
 }  // namespace avx2
 #endif

@@ -1,70 +1,68 @@
-/// Byte classes, 32 bytes at a time.
+/// Byte ranges, 32 bytes at a time.
 #include "analysis/character_classes.h"
 
 #ifdef WIDE_AVX2
 
-#include <immintrin.h>
+#include "wide/vectors.h"
 
 namespace {
 
-using character_classes::ByteClass;
+using wide::all;
+using wide::load;
 
-constexpr std::size_t kVector = 32;
+constexpr std::size_t kVector = wide::kVector;
 
-/// A class as a lower bound for signed bytes, some of their bits flipped before.
-struct Bound {
-  __m256i flipped;
-  __m256i below;
-};
-
-AVX2_FUNCTION inline __m256i everyByte(int byte) noexcept { return _mm256_set1_epi8(static_cast<char>(byte)); }
-
-AVX2_FUNCTION inline Bound boundOf(ByteClass byteClass) noexcept {
-  if (byteClass == ByteClass::kSevenBit) return {everyByte(0), everyByte(-1)};
-  if (byteClass == ByteClass::kPrintable) return {everyByte(0), everyByte(' ' - 1)};
-  return {everyByte(0x80), everyByte(' ' - 1 - 0x80)};
+/// The bytes from 0x20 on, seen as signed: printable ones as they are, as others are negative then; those above 0x7F
+/// too with the sign bit flipped.
+template <std::uint8_t kFlipped>
+AVX2_FUNCTION inline __m256i loadFlipped(const std::uint8_t* bytes) noexcept {
+  return _mm256_xor_si256(load(bytes), all(kFlipped));
 }
 
-AVX2_FUNCTION inline __m256i load(const std::uint8_t* bytes) noexcept {
-  return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(bytes));
+template <std::uint8_t kFlipped>
+AVX2_FUNCTION inline __m256i areInside(__m256i flipped) noexcept {
+  constexpr std::uint8_t kBelowSpace = 0x1F;
+  return _mm256_cmpgt_epi8(flipped, all(kBelowSpace ^ kFlipped));
 }
 
-AVX2_FUNCTION inline __m256i loadFlipped(const std::uint8_t* bytes, const Bound& bound) noexcept {
-  return _mm256_xor_si256(load(bytes), bound.flipped);
+template <std::uint8_t kFlipped>
+AVX2_FUNCTION inline bool areAllInside(__m256i flipped) noexcept {
+  return wide::bits(areInside<kFlipped>(flipped)) == 0xFFFF'FFFF;
 }
 
-AVX2_FUNCTION inline bool allAbove(__m256i bytes, const Bound& bound) noexcept {
-  return _mm256_movemask_epi8(_mm256_cmpgt_epi8(bytes, bound.below)) == -1;
-}
-
-AVX2_FUNCTION inline void replace(const std::uint8_t* in, __m256i replacement, std::uint8_t* out) noexcept {
-  const __m256i bytes = load(in);
-  const __m256i printable = _mm256_cmpgt_epi8(bytes, everyByte(' ' - 1));  // signed: 0x80 and above are below
-  _mm256_storeu_si256(reinterpret_cast<__m256i*>(out), _mm256_blendv_epi8(replacement, bytes, printable));
-}
-
-}  // namespace
-
-AVX2_FUNCTION bool character_classes::avx2::consistsOf(ByteClass byteClass, ByteView bytes) noexcept {
-  const Bound bound = boundOf(byteClass);
+template <std::uint8_t kFlipped>
+AVX2_FUNCTION bool areAllInside(ByteView bytes) noexcept {
   const std::uint8_t* const in = bytes.data();
   const std::size_t size = bytes.size();
   std::size_t i = 0;
   for (; size - i >= 4 * kVector; i += 4 * kVector) {
-    const __m256i front = _mm256_min_epi8(loadFlipped(in + i, bound), loadFlipped(in + i + kVector, bound));
+    const __m256i front = _mm256_min_epi8(loadFlipped<kFlipped>(in + i), loadFlipped<kFlipped>(in + i + kVector));
     const __m256i back =
-        _mm256_min_epi8(loadFlipped(in + i + 2 * kVector, bound), loadFlipped(in + i + 3 * kVector, bound));
-    if (!allAbove(_mm256_min_epi8(front, back), bound)) return false;
+        _mm256_min_epi8(loadFlipped<kFlipped>(in + i + 2 * kVector), loadFlipped<kFlipped>(in + i + 3 * kVector));
+    if (!areAllInside<kFlipped>(_mm256_min_epi8(front, back))) return false;
   }
   for (; size - i >= kVector; i += kVector) {
-    if (!allAbove(loadFlipped(in + i, bound), bound)) return false;
+    if (!areAllInside<kFlipped>(loadFlipped<kFlipped>(in + i))) return false;
   }
-  return allAbove(loadFlipped(in + size - kVector, bound), bound);  // some of it once more
+  return areAllInside<kFlipped>(loadFlipped<kFlipped>(in + size - kVector));  // some of it once more
+}
+
+AVX2_FUNCTION inline void replace(const std::uint8_t* in, __m256i replacement, std::uint8_t* out) noexcept {
+  const __m256i bytes = load(in);
+  wide::store(out, _mm256_blendv_epi8(replacement, bytes, areInside<0>(bytes)));
+}
+
+}  // namespace
+
+AVX2_FUNCTION bool character_classes::avx2::arePrintable(ByteView bytes) noexcept { return areAllInside<0>(bytes); }
+
+AVX2_FUNCTION bool character_classes::avx2::areFromSpaceOn(ByteView bytes) noexcept {
+  return areAllInside<0x80>(bytes);
 }
 
 AVX2_FUNCTION void character_classes::avx2::replaceNonPrintable(ByteView bytes, std::uint8_t replacement,
                                                                 ByteSpan out) noexcept {
-  const __m256i replacements = everyByte(replacement);
+  const __m256i replacements = all(replacement);
   const std::size_t size = bytes.size();
   std::size_t i = 0;
   for (; size - i >= 2 * kVector; i += 2 * kVector) {

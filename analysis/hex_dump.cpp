@@ -1,9 +1,11 @@
 #include "analysis/hex_dump.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <limits>
 
+#include "codecs/hex.h"
 #include "codecs/hex_digits.h"
 
 namespace {
@@ -11,7 +13,17 @@ namespace {
 using hex_dump::Layout;
 
 /// From this many bytes on the wide registers win.
-constexpr std::size_t kWideFrom = 128;
+constexpr std::size_t kWideFrom = 256;
+
+/// From this many digits on groups are left to the hex codec.
+constexpr std::int64_t kLargeGroup = 64;
+
+/// The two digits of each byte.
+constexpr std::array<std::array<std::uint8_t, 2>, 256> kHexPairs = [] {
+  std::array<std::array<std::uint8_t, 2>, 256> pairs{};
+  for (unsigned byte = 0; byte < pairs.size(); ++byte) pairs[byte] = {kHexDigits[byte >> 4], kHexDigits[byte & 0x0F]};
+  return pairs;
+}();
 
 constexpr std::int64_t kEndless = std::numeric_limits<std::int64_t>::max();
 
@@ -61,24 +73,24 @@ void writeFrame(const Layout& layout, ByteSpan text) noexcept {
   repeat(text.data(), hex_dump::lineSize(layout), std::ssize(text));
 }
 
-/// Goes through the places where digits go, so many at once, and calls `place(index, text)` for each.
-/// @param kWidth  digits at once; divides the size of a group
-/// @param index   of the first place, in the count of places, and `end` beyond the last
-template <int kWidth, typename Place>
-void forEachPlace(const Layout& layout, std::uint8_t* text, std::int64_t index, std::int64_t end,
+/// Goes through the places of digits, so many of one group at once, and calls `place(index, text)` for each.
+/// @param width  digits at once; divides the size of a group
+/// @param index  of the first place, in the count of places; `end` is the one beyond the last
+template <typename Place>
+void forEachPlace(const Layout& layout, std::uint8_t* text, std::int64_t width, std::int64_t index, std::int64_t end,
                   Place place) noexcept {
-  const std::int64_t groupPlaces = layout.groupDigits / kWidth;
+  const std::int64_t groupPlaces = layout.groupDigits / width;
   const std::int64_t groupsBefore = index / groupPlaces;
+  const std::int64_t linesBefore = groupsBefore / layout.lineGroups;
   const std::int64_t afterGroup = std::ssize(layout.spacer);
   const std::int64_t afterLine = std::ssize(layout.lineEnd) + std::ssize(layout.lineStart);
   std::int64_t placesLeft = groupPlaces - index % groupPlaces;
   std::int64_t groupsLeft = layout.lineGroups - groupsBefore % layout.lineGroups;
-  const std::int64_t linesBefore = groupsBefore / layout.lineGroups;
-  std::uint8_t* out = text + std::ssize(layout.lineStart) + linesBefore * (afterLine - afterGroup) +
-                      groupsBefore * afterGroup + index * kWidth;
+  std::uint8_t* out = text + std::ssize(layout.lineStart) + index * width + groupsBefore * afterGroup +
+                      linesBefore * (afterLine - afterGroup);
   for (; index < end; ++index) {
     place(index, out);
-    out += kWidth;
+    out += width;
     if (--placesLeft > 0) continue;
     placesLeft = groupPlaces;
     if (--groupsLeft > 0) {
@@ -91,25 +103,34 @@ void forEachPlace(const Layout& layout, std::uint8_t* text, std::int64_t index, 
 }
 
 void placeBytes(ByteView bytes, const Layout& layout, std::uint8_t* text) noexcept {
-  forEachPlace<2>(layout, text, 0, std::ssize(bytes), [in = bytes.data()](std::int64_t index, std::uint8_t* out) {
-    out[0] = kHexDigits[in[index] >> 4];
-    out[1] = kHexDigits[in[index] & 0x0F];
+  forEachPlace(layout, text, 2, 0, std::ssize(bytes), [in = bytes.data()](std::int64_t index, std::uint8_t* out) {
+    std::memcpy(out, kHexPairs[in[index]].data(), 2);
+  });
+}
+
+void placeGroups(ByteView bytes, const Layout& layout, std::uint8_t* text) noexcept {
+  const auto groupBytes = static_cast<std::size_t>(layout.groupDigits / 2);
+  const auto groups = static_cast<std::int64_t>((bytes.size() + groupBytes - 1) / groupBytes);
+  forEachPlace(layout, text, layout.groupDigits, 0, groups, [=](std::int64_t index, std::uint8_t* out) {
+    const ByteView rest = bytes.subspan(static_cast<std::size_t>(index) * groupBytes);
+    const ByteView group = rest.first(std::min(groupBytes, rest.size()));
+    hex::encode(group, {out, 2 * group.size()});
   });
 }
 
 void placeNibbles(ByteView bytes, const Layout& layout, std::uint8_t* text) noexcept {
-  forEachPlace<1>(layout, text, 0, 2 * std::ssize(bytes), [in = bytes.data()](std::int64_t index, std::uint8_t* out) {
+  forEachPlace(layout, text, 1, 0, 2 * std::ssize(bytes), [in = bytes.data()](std::int64_t index, std::uint8_t* out) {
     *out = kHexDigits[in[index / 2] >> (index % 2 == 0 ? 4 : 0) & 0x0F];
   });
 }
 
 void placeFill(std::int64_t byteCount, const Layout& layout, std::uint8_t* text) noexcept {
   auto fill = layout.filler.begin();
-  forEachPlace<1>(layout, text, 2 * byteCount, hex_dump::digitCount(byteCount, layout),
-                  [&](std::int64_t, std::uint8_t* out) {
-                    *out = *fill++;
-                    if (fill == layout.filler.end()) fill = layout.filler.begin();
-                  });
+  forEachPlace(layout, text, 1, 2 * byteCount, hex_dump::digitCount(byteCount, layout),
+               [&](std::int64_t, std::uint8_t* out) {
+                 *out = *fill++;
+                 if (fill == layout.filler.end()) fill = layout.filler.begin();
+               });
 }
 
 }  // namespace
@@ -138,10 +159,12 @@ void hex_dump::write(ByteView bytes, const Layout& layout, ByteSpan text) noexce
 void hex_dump::scalar::write(ByteView bytes, const Layout& layout, ByteSpan text) noexcept {
   if (bytes.empty()) return;
   writeFrame(layout, text);
-  if (layout.groupDigits % 2 == 0) {
+  if (layout.groupDigits % 2 != 0) {
+    placeNibbles(bytes, layout, text.data());
+  } else if (layout.groupDigits < kLargeGroup) {
     placeBytes(bytes, layout, text.data());
   } else {
-    placeNibbles(bytes, layout, text.data());
+    placeGroups(bytes, layout, text.data());
   }
   if (layout.filler.size() > 1) placeFill(std::ssize(bytes), layout, text.data());
 }

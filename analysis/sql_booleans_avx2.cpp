@@ -3,35 +3,26 @@
 
 #ifdef WIDE_AVX2
 
-#include <immintrin.h>
-
 #include "analysis/sql_booleans_words.h"
+#include "wide/vectors.h"
 
 namespace {
 
-constexpr std::size_t kVector = 32;
+using wide::load;
+
+constexpr std::size_t kVector = wide::kVector;
 
 /// Bytes that a step may touch: a keyword that begins in the vector, and as much as a vector after it.
 constexpr std::size_t kTouched = kVector - 1 + 5 + kVector;
 
-AVX2_FUNCTION inline __m256i load(const std::uint8_t* bytes) noexcept {
-  return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(bytes));
-}
-
 AVX2_FUNCTION inline __m256i loadLowerCase(const std::uint8_t* bytes) noexcept {
-  return _mm256_or_si256(load(bytes), _mm256_set1_epi8(0x20));
+  return _mm256_or_si256(load(bytes), wide::all(0x20));
 }
 
-AVX2_FUNCTION inline void copyVector(const std::uint8_t* in, std::uint8_t* out) noexcept {
-  _mm256_storeu_si256(reinterpret_cast<__m256i*>(out), load(in));
-}
+AVX2_FUNCTION inline void copyVector(const std::uint8_t* in, std::uint8_t* out) noexcept { wide::store(out, load(in)); }
 
-AVX2_FUNCTION inline __m256i areEqual(__m256i bytes, char byte) noexcept {
-  return _mm256_cmpeq_epi8(bytes, _mm256_set1_epi8(byte));
-}
-
-AVX2_FUNCTION inline unsigned maskOf(__m256i marks) noexcept {
-  return static_cast<unsigned>(_mm256_movemask_epi8(marks));
+AVX2_FUNCTION inline __m256i areEqual(__m256i bytes, std::uint8_t byte) noexcept {
+  return _mm256_cmpeq_epi8(bytes, wide::all(byte));
 }
 
 /// Marks the places where three letters are those that begin a keyword.
@@ -43,7 +34,7 @@ AVX2_FUNCTION inline unsigned keywordStarts(const std::uint8_t* in) noexcept {
       _mm256_and_si256(_mm256_and_si256(areEqual(first, 't'), areEqual(second, 'r')), areEqual(third, 'u'));
   const __m256i fal =
       _mm256_and_si256(_mm256_and_si256(areEqual(first, 'f'), areEqual(second, 'a')), areEqual(third, 'l'));
-  return maskOf(_mm256_or_si256(tru, fal));
+  return wide::bits(_mm256_or_si256(tru, fal));
 }
 
 /// Marks the places from each mark of odd number up to the one after it.
@@ -90,8 +81,8 @@ AVX2_FUNCTION void sql_booleans::avx2::rewrite(ByteView sql, ByteSpan out, Progr
     const std::size_t start = read;
     std::size_t end = start + kVector;
     const __m256i bytes = load(in + start);
-    const unsigned single = maskOf(areEqual(bytes, '\''));
-    const unsigned twofold = maskOf(areEqual(bytes, '"'));
+    const unsigned single = wide::bits(areEqual(bytes, '\''));
+    const unsigned twofold = wide::bits(areEqual(bytes, '"'));
     unsigned keywords = keywordStarts(in + start);
     copyVector(in + start, to);
     if ((single | twofold | keywords) != 0) keywords &= ~withinQuotes(single, twofold, progress.openQuote);
