@@ -1,3 +1,4 @@
+/// Comparison of byte strings.
 #include "analysis/comparison.h"
 
 #include <algorithm>

@@ -1,26 +1,18 @@
+/// The plain form of counting, and the choice between the forms.
 #include "analysis/counting.h"
 
 #include <bit>
-#include <cstring>
 
 #include "analysis/counting_anchors.h"
 #include "analysis/counting_two_way.h"
-#include "wide/cpu.h"
+#include "wide/byte_word.h"
 
 namespace counting {
 namespace {
 
-constexpr std::uint64_t kEveryByte = 0x0101'0101'0101'0101;
-
-std::uint64_t loadWord(const std::uint8_t* bytes) noexcept {
-  std::uint64_t word;
-  std::memcpy(&word, bytes, sizeof word);
-  return word;
-}
-
-/// The top bit of each byte that is zero.
+/// The high bit of each byte that is zero.
 std::uint64_t zeroBytes(std::uint64_t word) noexcept {
-  constexpr std::uint64_t kLowBits = 0x7F * kEveryByte;
+  constexpr std::uint64_t kLowBits = ~byte_word::kHighBits;
   return ~(((word & kLowBits) + kLowBits) | word | kLowBits);
 }
 
@@ -37,7 +29,7 @@ std::int64_t countByte(ByteView text, std::uint8_t byte) noexcept {
   while (text.size() - i >= 8) {
     const std::size_t end = i + 8 * std::min(kMostWords, (text.size() - i) / 8);
     std::uint64_t sums = 0;
-    for (; i < end; i += 8) sums += zeroBytes(loadWord(text.data() + i) ^ (kEveryByte * byte)) >> 7;
+    for (; i < end; i += 8) sums += zeroBytes(byte_word::load(text.data() + i) ^ (byte_word::kOnes * byte)) >> 7;
     count += static_cast<std::int64_t>(sumOfBytes(sums));
   }
   for (; i < text.size(); ++i) count += text[i] == byte ? 1 : 0;
@@ -52,15 +44,15 @@ std::int64_t scalar::count(ByteView text, ByteView pattern) noexcept {
   const std::size_t length = pattern.size();
   const std::size_t places = text.size() - length + 1;
   const auto [first, second] = chooseAnchors(pattern);
-  const std::uint64_t firstBytes = kEveryByte * pattern[first];
-  const std::uint64_t secondBytes = kEveryByte * pattern[second];
+  const std::uint64_t firstBytes = byte_word::kOnes * pattern[first];
+  const std::uint64_t secondBytes = byte_word::kOnes * pattern[second];
   Verifier verifier(pattern);
 
   std::int64_t count = 0;
   std::size_t i = 0;
   while (i + 8 <= places) {
-    std::uint64_t candidates = zeroBytes((loadWord(text.data() + i + first) ^ firstBytes) |
-                                         (loadWord(text.data() + i + second) ^ secondBytes));
+    std::uint64_t candidates = zeroBytes((byte_word::load(text.data() + i + first) ^ firstBytes) |
+                                         (byte_word::load(text.data() + i + second) ^ secondBytes));
     std::size_t next = i + 8;
     while (candidates != 0) {
       const std::size_t place = i + static_cast<std::size_t>(std::countr_zero(candidates)) / 8;

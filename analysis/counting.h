@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "memory/byte_view.h"
+#include "wide/cpu.h"
 
 namespace counting {
 
@@ -18,9 +19,11 @@ namespace scalar {
 [[nodiscard]] std::int64_t count(ByteView text, ByteView pattern) noexcept;
 }  // namespace scalar
 
+#ifdef WIDE_AVX2
 namespace avx2 {
 /// The twin of `scalar::count` for CPUs with AVX2.
 [[nodiscard]] std::int64_t count(ByteView text, ByteView pattern) noexcept;
 }  // namespace avx2
+#endif
 
 }  // namespace counting

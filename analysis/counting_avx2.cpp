@@ -1,30 +1,19 @@
+/// Counting at 64 places of the text at once.
 #include "analysis/counting.h"
-#include "wide/cpu.h"
 
 #ifdef WIDE_AVX2
 
 #include <bit>
-#include <immintrin.h>
 
 #include "analysis/counting_anchors.h"
 #include "analysis/counting_two_way.h"
+#include "wide/vectors.h"
 
 namespace counting {
 namespace {
 
 /// Places of the text that are looked at together, one bit each.
 constexpr std::size_t kBlock = 64;
-
-AVX2_FUNCTION inline __m256i load(const std::uint8_t* bytes) noexcept {
-  return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(bytes));
-}
-
-AVX2_FUNCTION inline __m256i broadcast(std::uint8_t byte) noexcept { return _mm256_set1_epi8(static_cast<char>(byte)); }
-
-AVX2_FUNCTION inline std::uint64_t bits(__m256i low, __m256i high) noexcept {
-  return static_cast<std::uint32_t>(_mm256_movemask_epi8(low)) |
-         static_cast<std::uint64_t>(static_cast<std::uint32_t>(_mm256_movemask_epi8(high))) << 32;
-}
 
 /// The places of a block where one byte of the pattern is.
 struct Equal {
@@ -33,7 +22,11 @@ struct Equal {
 };
 
 AVX2_FUNCTION inline Equal equal(const std::uint8_t* places, __m256i byte) noexcept {
-  return {_mm256_cmpeq_epi8(load(places), byte), _mm256_cmpeq_epi8(load(places + 32), byte)};
+  return {_mm256_cmpeq_epi8(wide::load(places), byte), _mm256_cmpeq_epi8(wide::load(places + 32), byte)};
+}
+
+AVX2_FUNCTION inline std::uint64_t bits(Equal equal) noexcept {
+  return wide::bits(equal.low) | std::uint64_t{wide::bits(equal.high)} << 32;
 }
 
 AVX2_FUNCTION inline Equal both(Equal a, Equal b) noexcept {
@@ -48,7 +41,7 @@ AVX2_FUNCTION inline std::int64_t sumOfBytes(__m256i sums) noexcept {
 
 AVX2_FUNCTION std::int64_t countByte(ByteView text, std::uint8_t byte) noexcept {
   constexpr std::size_t kMostBlocks = 127;  // what a byte of a sum can hold, two vectors a block
-  const __m256i wanted = broadcast(byte);
+  const __m256i wanted = wide::all(byte);
   std::int64_t count = 0;
   std::size_t i = 0;
   while (text.size() - i >= kBlock) {
@@ -80,11 +73,11 @@ constexpr std::size_t kShortPattern = 16;
 
 /// The places of a block where a short pattern occurs.
 AVX2_FUNCTION inline std::uint64_t occurrences(const std::uint8_t* places, ByteView pattern, Anchors anchors) noexcept {
-  Equal found = both(equal(places + anchors.first, broadcast(pattern[anchors.first])),
-                     equal(places + anchors.second, broadcast(pattern[anchors.second])));
-  if (pattern.size() == 2 || bits(found.low, found.high) == 0) return bits(found.low, found.high);
-  for (std::size_t i = 0; i < pattern.size(); ++i) found = both(found, equal(places + i, broadcast(pattern[i])));
-  return bits(found.low, found.high);
+  Equal found = both(equal(places + anchors.first, wide::all(pattern[anchors.first])),
+                     equal(places + anchors.second, wide::all(pattern[anchors.second])));
+  if (pattern.size() == 2 || bits(found) == 0) return bits(found);
+  for (std::size_t i = 0; i < pattern.size(); ++i) found = both(found, equal(places + i, wide::all(pattern[i])));
+  return bits(found);
 }
 
 AVX2_FUNCTION std::int64_t countShort(ByteView text, ByteView pattern) noexcept {
@@ -112,8 +105,8 @@ AVX2_FUNCTION std::int64_t countShort(ByteView text, ByteView pattern) noexcept 
 
 AVX2_FUNCTION std::int64_t countLong(ByteView text, ByteView pattern) noexcept {
   const Anchors anchors = chooseAnchors(pattern);
-  const __m256i firstByte = broadcast(pattern[anchors.first]);
-  const __m256i secondByte = broadcast(pattern[anchors.second]);
+  const __m256i firstByte = wide::all(pattern[anchors.first]);
+  const __m256i secondByte = wide::all(pattern[anchors.second]);
   const std::size_t places = text.size() - pattern.size() + 1;
   Verifier verifier(pattern);
   std::int64_t count = 0;
@@ -121,7 +114,7 @@ AVX2_FUNCTION std::int64_t countLong(ByteView text, ByteView pattern) noexcept {
     const std::size_t block = std::min(i, places - kBlock);
     const Equal found = both(equal(text.data() + block + anchors.first, firstByte),
                              equal(text.data() + block + anchors.second, secondByte));
-    std::uint64_t candidates = bits(found.low, found.high) & from(i - block);
+    std::uint64_t candidates = bits(found) & from(i - block);
     i = block + kBlock;
     while (candidates != 0) {
       const std::size_t place = static_cast<std::size_t>(std::countr_zero(candidates));

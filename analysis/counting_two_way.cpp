@@ -1,3 +1,4 @@
+/// The Two-Way search: critical factorization, then a scan that never goes back.
 #include "analysis/counting_two_way.h"
 
 #include <algorithm>

@@ -1,9 +1,10 @@
+/// The plain form of the bitwise operations, how masks are laid out, and the choice between the forms.
 #include "bytes/bitwise.h"
 
 #include <algorithm>
 #include <cstring>
 
-#include "wide/cpu.h"
+#include "wide/byte_word.h"
 
 namespace bitwise {
 namespace {
@@ -54,12 +55,6 @@ std::size_t startInMask(std::int32_t offset, std::size_t maskLength) noexcept {
   return static_cast<std::size_t>(remainder < 0 ? remainder + length : remainder);
 }
 
-std::uint64_t loadWord(const std::uint8_t* bytes) noexcept {
-  std::uint64_t word;
-  std::memcpy(&word, bytes, sizeof word);
-  return word;
-}
-
 template <Operation kOperation, typename Word>
 Word combined(Word data, Word mask, Word position) noexcept {
   if constexpr (kOperation == Operation::kAnd) return data & mask;
@@ -70,20 +65,21 @@ Word combined(Word data, Word mask, Word position) noexcept {
 
 /// Adds the bytes of two words pairwise, each modulo 256.
 std::uint64_t sumOfBytes(std::uint64_t a, std::uint64_t b) noexcept {
-  constexpr std::uint64_t kTopBits = 0x8080'8080'8080'8080;
-  return ((a & ~kTopBits) + (b & ~kTopBits)) ^ ((a ^ b) & kTopBits);
+  using byte_word::kHighBits;
+  return ((a & ~kHighBits) + (b & ~kHighBits)) ^ ((a ^ b) & kHighBits);
 }
 
 template <Operation kOperation>
 void combineAs(ByteView data, RepeatingMask mask, std::size_t position, std::uint8_t* result) noexcept {
-  constexpr std::uint64_t kEveryByte = 0x0101'0101'0101'0101;
-  std::uint64_t positions = sumOfBytes(kEveryByte * (position & 0xFF), 0x0706'0504'0302'0100);
+  using byte_word::kOnes;
+  std::uint64_t positions = sumOfBytes(kOnes * (position & 0xFF), 0x0706'0504'0302'0100);
   std::size_t i = 0;
   std::size_t k = 0;
   for (; i + 8 <= data.size(); i += 8) {
-    const std::uint64_t word = combined<kOperation>(loadWord(data.data() + i), loadWord(mask.bytes + k), positions);
-    std::memcpy(result + i, &word, sizeof word);
-    positions = sumOfBytes(positions, 8 * kEveryByte);
+    const std::uint64_t word =
+        combined<kOperation>(byte_word::load(data.data() + i), byte_word::load(mask.bytes + k), positions);
+    byte_word::store(result + i, word);
+    positions = sumOfBytes(positions, 8 * kOnes);
     k += 8;
     if (k >= mask.period) k -= mask.period;
   }

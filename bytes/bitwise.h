@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "memory/byte_view.h"
+#include "wide/cpu.h"
 
 namespace bitwise {
 
@@ -41,10 +42,12 @@ void combine(Operation operation, ByteView data, RepeatingMask mask, std::size_t
              std::uint8_t* result) noexcept;
 }  // namespace scalar
 
+#ifdef WIDE_AVX2
 namespace avx2 {
 /// The twin of `scalar::combine` for CPUs with AVX2.
 void combine(Operation operation, ByteView data, RepeatingMask mask, std::size_t position,
              std::uint8_t* result) noexcept;
 }  // namespace avx2
+#endif
 
 }  // namespace bitwise

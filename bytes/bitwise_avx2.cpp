@@ -1,25 +1,21 @@
+/// The bitwise operations in vectors of 32 bytes.
 #include "bytes/bitwise.h"
-#include "wide/cpu.h"
 
 #ifdef WIDE_AVX2
 
-#include <immintrin.h>
+#include "wide/vectors.h"
 
 namespace bitwise {
 namespace {
 
 template <Operation kOperation>
 AVX2_FUNCTION inline __m256i combined(const std::uint8_t* data, const std::uint8_t* mask, __m256i positions) noexcept {
-  const __m256i bytes = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(data));
-  const __m256i partners = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(mask));
+  const __m256i bytes = wide::load(data);
+  const __m256i partners = wide::load(mask);
   if constexpr (kOperation == Operation::kAnd) return _mm256_and_si256(bytes, partners);
   if constexpr (kOperation == Operation::kOr) return _mm256_or_si256(bytes, partners);
   if constexpr (kOperation == Operation::kXor) return _mm256_xor_si256(bytes, partners);
   return _mm256_xor_si256(_mm256_xor_si256(bytes, partners), positions);
-}
-
-AVX2_FUNCTION inline void store(std::uint8_t* result, __m256i bytes) noexcept {
-  _mm256_storeu_si256(reinterpret_cast<__m256i*>(result), bytes);
 }
 
 template <Operation kOperation>
@@ -28,22 +24,22 @@ AVX2_FUNCTION void combineAs(ByteView data, RepeatingMask mask, std::size_t posi
   static_assert(kStep == 128);
   const std::uint8_t* const bytes = data.data();
   const std::size_t length = data.size();
-  const __m256i next = _mm256_set1_epi8(32);
-  __m256i positions = _mm256_add_epi8(_mm256_set1_epi8(static_cast<char>(position)),
+  const __m256i next = wide::all(wide::kVector);
+  __m256i positions = _mm256_add_epi8(wide::all(static_cast<std::uint8_t>(position)),
                                       _mm256_setr_epi8(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18,
                                                        19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31));
   std::size_t i = 0;
   std::size_t k = 0;
   for (; i + kStep <= length; i += kStep) {
     for (std::size_t j = 0; j < kStep; j += 32) {
-      store(result + i + j, combined<kOperation>(bytes + i + j, mask.bytes + k + j, positions));
+      wide::store(result + i + j, combined<kOperation>(bytes + i + j, mask.bytes + k + j, positions));
       positions = _mm256_add_epi8(positions, next);
     }
     k += kStep;
     k = k >= mask.period ? k - mask.period : k;
   }
   for (; i + 32 <= length; i += 32) {
-    store(result + i, combined<kOperation>(bytes + i, mask.bytes + k, positions));
+    wide::store(result + i, combined<kOperation>(bytes + i, mask.bytes + k, positions));
     positions = _mm256_add_epi8(positions, next);
     k += 32;
   }

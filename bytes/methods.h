@@ -15,3 +15,17 @@
 [[nodiscard]] REALstringStruct* ConcatBinaryStringsZQV6(REALstringStruct* a, REALstringStruct* b, REALstringStruct* c,
                                                         REALstringStruct* d, REALstringStruct* e,
                                                         REALstringStruct* f) noexcept;
+
+/// Combines each byte of the first string with one of the second, which is repeated as often as needed. The result has
+/// the length of the first string and no encoding, or US-ASCII when all its bytes are below 0x80; it is empty when
+/// either string is, or with 5 added the first has more than 2^31 - 1 bytes, or memory is short.
+[[nodiscard]] REALstringStruct* StringAND(REALstringStruct* a, REALstringStruct* b) noexcept;
+[[nodiscard]] REALstringStruct* StringOR(REALstringStruct* a, REALstringStruct* b) noexcept;
+
+/// The same; the mask begins at its byte `MaskOffset`, counted modulo its length.
+[[nodiscard]] REALstringStruct* StringXOR(REALstringStruct* data, REALstringStruct* XorMask,
+                                          std::int32_t MaskOffset) noexcept;
+
+/// As `StringXOR`, and each byte is also combined with the low 8 bits of its own position.
+[[nodiscard]] REALstringStruct* StringXOR2(REALstringStruct* data, REALstringStruct* XorMask,
+                                           std::int32_t MaskOffset) noexcept;

@@ -1,5 +1,6 @@
 #include "plugin/method_table.h"
 
+#include "analysis/methods.h"
 #include "bytes/methods.h"
 #include "host/methods.h"
 
@@ -11,6 +12,15 @@ constexpr MethodEntry method(const char* declaration, MethodFunction function) n
 
 // clang-format off
 constexpr MethodEntry kMethods[] = {
+    method("JaroWinklerDistanceZQV(a as string, b as string) as double", jaroWinklerDistanceZQV),
+    method("LevenshteinDistanceZQV(a as string, b as string) as double", levenshteinDistanceZQV),
+    method("StrCompBytesZQV(a as string, b as string) as integer", StrCompBytesZQV),
+    method("StrCompCharactersZQV(a as string, b as string) as integer", StrCompCharsZQV),
+    method("CountOccurancesZQV(s as string, find as string) as integer", CountOccurancesZQV),
+    method("StringANDZQV(a as string,b as string) as string", StringAND),
+    method("StringORZQV(a as string,b as string) as string", StringOR),
+    method("StringXORZQV(data as string, XorMask as string, MaskOffset as integer = 0) as string", StringXOR),
+    method("StringXOR2ZQV(data as string, XorMask as string, MaskOffset as integer = 0) as string", StringXOR2),
     method("UnicodeStringZQV(s as string) as string", RBUnicodeString),
     method("NativeStringZQV(s as string) as string", RBNativeString),
     method("ConcatBinaryStringsZQV(a as string, b as string, c as string, d as string, e as string, f as string) as string", ConcatBinaryStringsZQV6),

@@ -4,9 +4,10 @@
 
 namespace standin {
 
-Contents::Contents(std::size_t size, const Layout& layout) : size_(size) {
+void Contents::reserve(std::size_t size, const Layout& layout) {
   // The allocator's own alignment, kept by a whole multiple of it in front.
   constexpr std::size_t kFront = alignof(std::max_align_t);
+  size_ = size;
   if (layout.checking) {
     guarded_ = std::make_unique<GuardedMemory>(size + layout.tail);
     data_ = guarded_->data();
@@ -14,13 +15,20 @@ Contents::Contents(std::size_t size, const Layout& layout) : size_(size) {
     const bool isOdd = (reinterpret_cast<std::uintptr_t>(data_) & 1U) != 0;
     if (layout.odd && !isOdd) --data_;
   } else {
-    plain_ = std::make_unique<std::uint8_t[]>(kFront + (layout.odd ? 1 : 0) + size + layout.tail);
-    data_ = plain_.get() + kFront + (layout.odd ? 1 : 0);
+    const std::size_t front = kFront + (layout.odd ? 1 : 0);
+    plain_ = std::make_unique_for_overwrite<std::uint8_t[]>(front + size + layout.tail);
+    data_ = plain_.get() + front;
   }
   std::memset(data_ + size, layout.tailByte, layout.tail);
 }
 
-Contents::Contents(std::string_view bytes, const Layout& layout) : Contents(bytes.size(), layout) {
+Contents::Contents(std::size_t size, const Layout& layout) {
+  reserve(size, layout);
+  std::memset(data_, 0, size);
+}
+
+Contents::Contents(std::string_view bytes, const Layout& layout) {
+  reserve(bytes.size(), layout);
   if (!bytes.empty()) std::memcpy(data_, bytes.data(), bytes.size());
   if (guarded_) guarded_->seal();
 }

@@ -34,6 +34,8 @@ class Contents {
   [[nodiscard]] std::string_view view() const noexcept { return {reinterpret_cast<const char*>(data_), size_}; }
 
  private:
+  void reserve(std::size_t size, const Layout& layout);
+
   std::unique_ptr<std::uint8_t[]> plain_;
   std::unique_ptr<GuardedMemory> guarded_;
   std::uint8_t* data_ = nullptr;

@@ -72,7 +72,7 @@ PluginLibrary::PluginLibrary(const fs::path& file, How how) : file_(file) {
   fs::path loaded = file;
   if (how == How::kFreshCopy) {
     loaded = copy_ = freshName(file);
-    fs::copy_file(file, copy_, fs::copy_options::overwrite_existing);
+    fs::copy_file(file, copy_);
   }
   std::string error;
   handle_ = open(loaded, error);

@@ -40,7 +40,10 @@ Argument parseDefault(const Parameter& parameter) {
   return nilBlock();
 }
 
-/// The arguments of one call, in the host's representation, with a reference on each.
+/// References on an argument during a call: the calling program's and the call's own.
+constexpr int kReferences = 2;
+
+/// The arguments of one call, in the host's representation.
 class Arguments {
  public:
   Arguments(Host& host, const Method& method, const std::vector<Argument>& given) : host_(host) {
@@ -65,7 +68,7 @@ class Arguments {
     return -1;
   }
 
-  /// Gives the references back. An argument that has been released already is the plugin's fault.
+  /// Gives the references back; what the plugin took and what it dropped have to balance.
   void release(Account& account) {
     for (std::size_t index = 0; index < values_.size(); ++index) {
       giveBack(account, index, values_[index].string ? HostString::of(values_[index].string) : nullptr);
@@ -80,16 +83,19 @@ class Arguments {
       case Type::kString: {
         const Text* text = std::get_if<Text>(&argument);
         if (text == nullptr) mismatch(method, index);
-        if (!text->null) value.string = host_.makeString(text->bytes, text->encoding);
+        if (text->null) break;
+        HostString* const string = host_.makeString(text->bytes, text->encoding);
+        string->retain();
+        value.string = string;
         break;
       }
       case Type::kMemoryBlock: {
         const Block* block = std::get_if<Block>(&argument);
         if (block == nullptr) mismatch(method, index);
-        if (!block->nil) {
-          value.block = host_.makeBlock(block->bytes.size());
-          block->bytes.copy(reinterpret_cast<char*>(value.block->contents.data()), block->bytes.size());
-        }
+        if (block->nil) break;
+        value.block = host_.makeBlock(block->bytes.size());
+        value.block->retain();
+        block->bytes.copy(reinterpret_cast<char*>(value.block->contents.data()), block->bytes.size());
         break;
       }
       case Type::kInteger: {
@@ -117,13 +123,14 @@ class Arguments {
     return value;
   }
 
+  /// Takes all references back, however many the plugin left.
   void giveBack(Account& account, std::size_t index, Counted* thing) {
     if (thing == nullptr) return;
-    if (thing->isAlive()) {
-      host_.release(thing);
-    } else {
-      account.report("argument " + std::to_string(index + 1) + " was released once too often");
+    if (const int surplus = thing->references() - kReferences; surplus != 0) {
+      account.report("argument " + std::to_string(index + 1) +
+                     ": references taken less references dropped: " + std::to_string(surplus));
     }
+    while (thing->isAlive()) host_.release(thing);
   }
 
   Host& host_;

@@ -135,6 +135,7 @@ TEST_CASE("whichever service is missing, every method returns and keeps its acco
   for (const double version : {2011.04, 2012.0, 2015.02, 2023.1}) {
     for (const char* service : kServiceNames) {
       if (std::string_view(service).starts_with("PluginRegister")) continue;
+      if (service == "REALGetRBVersion"sv) continue;  // such a host would have the structure of the oldest ones
       CAPTURE(version);
       CAPTURE(service);
       Session session({.version = version, .without = {service}});

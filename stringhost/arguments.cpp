@@ -1,0 +1,147 @@
+#include "stringhost/arguments.h"
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+#include <fstream>
+#include <istream>
+#include <iterator>
+#include <optional>
+#include <string_view>
+
+#include "standin/transcode.h"
+#include "stringhost/usage_error.h"
+
+namespace stringhost {
+namespace {
+
+using standin::Argument;
+using standin::Type;
+
+/// Bytes an argument stands for, and whether they are text as opposed to given bytes.
+struct Content {
+  std::string bytes;
+  bool isText;
+};
+
+std::string readAll(std::istream& in) { return {std::istreambuf_iterator<char>(in), {}}; }
+
+std::string readFile(const std::string& name) {
+  std::ifstream file(std::filesystem::path(std::u8string(name.begin(), name.end())), std::ios::binary);
+  std::string bytes = readAll(file);
+  if (!file.is_open() || file.bad()) throw UsageError(name + ": cannot be read");
+  return bytes;
+}
+
+int digitValue(char c) {
+  if (c >= '0' && c <= '9') return c - '0';
+  const int letter = std::tolower(static_cast<unsigned char>(c));
+  return letter >= 'a' && letter <= 'f' ? letter - 'a' + 10 : -1;
+}
+
+std::string parseHex(const std::string& written, std::string_view digits) {
+  std::string bytes;
+  int high = -1;
+  for (const char c : digits) {
+    const int value = digitValue(c);
+    if (value < 0) throw UsageError(written + ": '" + c + "' is no hex digit");
+    if (high < 0) {
+      high = value;
+    } else {
+      bytes += static_cast<char>(high * 16 + value);
+      high = -1;
+    }
+  }
+  if (high >= 0) throw UsageError(written + ": two hex digits make a byte, one is missing");
+  return bytes;
+}
+
+/// Nothing for an empty argument.
+std::optional<Content> parseContent(const std::string& written, const Source& source) {
+  if (written.empty()) return std::nullopt;
+  if (written == "-") return Content{readAll(source.in), false};
+  if (written[0] == '@') return Content{readFile(written.substr(1)), false};
+  if (written.starts_with("hex:")) return Content{parseHex(written, std::string_view(written).substr(4)), false};
+  if (written.starts_with("text:")) return Content{written.substr(5), true};
+  return Content{written, true};
+}
+
+standin::Text parseString(const std::string& written, const Source& source) {
+  const auto content = parseContent(written, source);
+  if (!content) return standin::nullText();
+  if (!content->isText) return standin::marked(content->bytes, source.encoding);
+  return standin::marked(*standin::transcode(content->bytes, kEncodingUTF8, source.encoding), source.encoding);
+}
+
+standin::Block parseBlock(const std::string& written, const Source& source) {
+  if (written == "nil") return standin::nilBlock();
+  const auto content = parseContent(written, source);
+  return content ? standin::block(content->bytes) : standin::nilBlock();
+}
+
+template <typename Number>
+std::optional<Number> parseNumber(std::string_view written) {
+  Number number{};
+  const auto [end, error] = std::from_chars(written.data(), written.data() + written.size(), number);
+  if (error != std::errc() || end != written.data() + written.size()) return std::nullopt;
+  return number;
+}
+
+std::optional<bool> parseBoolean(std::string written) {
+  for (char& c : written) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  if (written == "true" || written == "1") return true;
+  if (written == "false" || written == "0") return false;
+  return std::nullopt;
+}
+
+template <typename Parsed>
+Argument need(const std::optional<Parsed>& parsed, const std::string& written, const standin::Parameter& parameter,
+              const char* what) {
+  if (parsed) return *parsed;
+  throw UsageError("'" + written + "' is no " + what + ", as " + parameter.name + " has to be");
+}
+
+Argument parseArgument(const standin::Parameter& parameter, const std::string& written, const Source& source) {
+  switch (parameter.type) {
+    case Type::kString:
+      return parseString(written, source);
+    case Type::kMemoryBlock:
+      return parseBlock(written, source);
+    case Type::kInteger:
+      return need(parseNumber<std::int32_t>(written), written, parameter, "integer of 32 bits");
+    case Type::kDouble:
+      return need(parseNumber<double>(written), written, parameter, "number");
+    case Type::kBoolean:
+      break;
+  }
+  return need(parseBoolean(written), written, parameter, "boolean (true or false)");
+}
+
+}  // namespace
+
+const char* const kArgumentHelp = R"(An argument for a string or a memory block is
+  TEXT        text, in UTF-8
+  text:TEXT   text, whatever it begins with
+  hex:C3A9    bytes; hex: alone is a string of no bytes
+  @FILE       the bytes of a file
+  -           the bytes of standard input
+  ''          the null string, or the nil block
+  nil         the nil block, where a memory block is expected
+Text is converted to the encoding of --encoding, bytes are only marked with it.
+For an integer, a double or a boolean it is a number, or true or false. Arguments
+left out at the end take the defaults the method declares. After -- everything is
+an argument; a negative number always is.)";
+
+std::vector<Argument> parseArguments(const standin::Declaration& declaration, const std::vector<std::string>& written,
+                                     const Source& source) {
+  if (std::count(written.begin(), written.end(), "-") > 1) {
+    throw UsageError("standard input can be read once; only one argument can be -");
+  }
+  std::vector<Argument> arguments;
+  for (std::size_t index = 0; index < written.size(); ++index) {
+    arguments.push_back(parseArgument(declaration.parameters[index], written[index], source));
+  }
+  return arguments;
+}
+
+}  // namespace stringhost

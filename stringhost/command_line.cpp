@@ -1,0 +1,208 @@
+#include "stringhost/command_line.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <charconv>
+#include <map>
+
+#include "standin/options.h"
+#include "standin/service_names.h"
+#include "stringhost/arguments.h"
+#include "stringhost/encoding_names.h"
+#include "stringhost/nearest.h"
+#include "stringhost/usage_error.h"
+
+namespace stringhost {
+namespace {
+
+/// Put in front of what must not be taken for anything but an argument: the parser would find options in a number,
+/// commands in a word and lists in brackets.
+constexpr char kShield = '\x01';
+
+const std::map<std::string, Form> kForms = {
+    {"text", Form::kText}, {"hex", Form::kHex}, {"json", Form::kJson}, {"raw", Form::kRaw}};
+const std::vector<std::string> kCommands = {"list", "call", "tour"};
+const std::vector<std::string> kOptions = {"--host-version", "--encoding", "--without", "--output", "--repeat",
+                                           "--plugin",       "--json",     "--help",    "--version"};
+const std::vector<std::string> kFlags = {"--json", "--help", "-h", "--version"};
+
+bool contains(const std::vector<std::string>& words, const std::string& word) {
+  return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+bool isNumber(const std::string& word) {
+  double number = 0;
+  const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
+  return error != std::errc::invalid_argument && end == word.data() + word.size();
+}
+
+bool isOption(const std::string& word) { return word.size() > 1 && word[0] == '-' && !isNumber(word); }
+
+/// The words with everything shielded that is neither an option, nor its value, nor the command.
+std::vector<std::string> shielded(const std::vector<std::string>& words) {
+  std::vector<std::string> result;
+  bool hasCommand = false;
+  bool hasOptions = true;
+  for (std::size_t index = 0; index < words.size(); ++index) {
+    const std::string& word = words[index];
+    if (hasOptions && word == "--") {
+      hasOptions = false;
+    } else if (hasOptions && isOption(word)) {
+      result.push_back(word);
+      const bool takesValue = !contains(kFlags, word) && word.find('=') == std::string::npos;
+      if (takesValue && index + 1 < words.size()) result.push_back(words[++index]);
+    } else if (!hasCommand) {
+      if (!contains(kCommands, word)) throw UsageError("no such command: " + word, hintFor(word, kCommands));
+      result.push_back(word);
+      hasCommand = true;
+    } else {
+      result.push_back(kShield + word);
+    }
+  }
+  return result;
+}
+
+std::string unshielded(std::string text) {
+  std::erase(text, kShield);
+  return text;
+}
+
+TextEncoding encodingNamed(const std::string& name) {
+  std::vector<std::string> names;
+  for (const EncodingName& row : kEncodingNames) {
+    if (name == row.name) return row.encoding;
+    names.emplace_back(row.name);
+  }
+  std::string all = names[0];
+  for (std::size_t index = 1; index < names.size(); ++index) all += ", " + names[index];
+  const std::string hint = hintFor(name, names);
+  throw UsageError("no such encoding: " + name, hint.empty() ? "encodings are " + all : hint);
+}
+
+void checkServices(const std::vector<std::string>& services) {
+  for (const std::string& name : services) {
+    if (standin::serviceNamed(name)) continue;
+    throw UsageError("no such service: " + name,
+                     hintFor(name, {standin::kServiceNames.begin(), standin::kServiceNames.end()}));
+  }
+}
+
+/// The commands, their options and their help; what is parsed goes to `line`.
+class Parser {
+ public:
+  explicit Parser(CommandLine& line) : line_(line) {
+    app_.set_version_flag("--version", "stringhost " STRINGHOST_VERSION);
+    app_.add_option("--plugin", line_.plugin, "The plugin, instead of the one built beside this program")
+        ->type_name("FILE");
+    app_.require_subcommand(1);
+    app_.footer("Begin with: stringhost tour");
+    addList();
+    addCall();
+    app_.add_subcommand("tour", "Show a few real calls")->fallthrough();
+  }
+
+  void parse(const std::vector<std::string>& arguments) {
+    std::vector<std::string> words = shielded(arguments);
+    std::reverse(words.begin(), words.end());
+    try {
+      app_.parse(words);
+    } catch (const CLI::CallForHelp&) {
+      line_.reply = help();
+    } catch (const CLI::CallForVersion& version) {
+      line_.reply = std::string(version.what()) + "\n";
+    } catch (const CLI::ExtrasError&) {
+      refuseExtras();
+    } catch (const CLI::ParseError& error) {
+      throw UsageError(unshielded(error.what()), "stringhost --help says more");
+    }
+    if (line_.reply) return;
+    if (list_->parsed()) line_.command = CommandLine::Command::kList;
+    if (call_->parsed()) takeCall();
+    if (app_.got_subcommand("tour")) line_.command = CommandLine::Command::kTour;
+  }
+
+ private:
+  void addList() {
+    list_ = app_.add_subcommand("list", "List the methods the plugin registers")->fallthrough();
+    list_->add_option("PATTERN", line_.pattern, "A part of the name, or with * and ? the whole of it");
+    list_->add_flag("--json", line_.listsAsJson, "As JSON: name, declaration, parameters, result");
+  }
+
+  void addCall() {
+    call_ = app_.add_subcommand("call", "Call a method and print its result")->fallthrough();
+    call_->add_option("METHOD", line_.method, "Its name, as list shows it")->required()->type_name("");
+    call_->add_option("ARG", line_.arguments, "An argument, see below")->type_name("");
+    call_->add_option("--host-version", line_.hostVersion, "The version of the host to be played")
+        ->type_name("V")
+        ->check(CLI::Range(0.0, 1e6))
+        ->default_val(standin::Options().version);
+    call_->add_option("--encoding", encoding_, "How string arguments are encoded and marked")
+        ->type_name("E")
+        ->default_str("utf-8");
+    call_->add_option("--without", line_.without, "A service the host shall not offer; may be repeated")
+        ->type_name("SERVICE")
+        ->allow_extra_args(false);
+    call_->add_option("--output", output_, "text, hex, json or raw")
+        ->type_name("FORM")
+        ->check(CLI::IsMember(std::vector<std::string>{"text", "hex", "json", "raw"}))
+        ->default_str("text");
+    call_->add_option("--repeat", line_.repeat, "Call it N times and say how long a call takes")
+        ->type_name("N")
+        ->check(CLI::Range(1, 1'000'000'000));
+    call_->footer(kCallHelp());
+  }
+
+  static std::string kCallHelp() {
+    return std::string(kArgumentHelp) + R"(
+
+The result goes to standard output: into a file or a pipe byte for byte; to a
+terminal with a line break, and what is not printable text as hex:…. An empty
+result and a nil block print nothing. A json result has the fields type, value
+(text where it is text, else null), hex, encoding, null, same_argument (the number
+of the argument that was itself handed back) and exception (class, message, number).
+
+Exit status: 0 done, 1 the method raised an exception, 2 wrong usage, 3 the plugin
+leaked or broke another rule of the host.)";
+  }
+
+  std::string help() {
+    for (CLI::App* command : {list_, call_, app_.get_subcommand("tour")}) {
+      if (command->parsed()) return command->help("stringhost");
+    }
+    return app_.help("stringhost");
+  }
+
+  [[noreturn]] void refuseExtras() {
+    const std::string first = app_.remaining(true).front();
+    if (isOption(first))
+      throw UsageError("no such option: " + first, hintFor(first.substr(0, first.find('=')), kOptions));
+    throw UsageError("one argument too many: " + unshielded(first));
+  }
+
+  void takeCall() {
+    line_.command = CommandLine::Command::kCall;
+    line_.method = unshielded(line_.method);
+    for (std::string& argument : line_.arguments) argument.erase(0, 1);
+    line_.encoding = encodingNamed(encoding_);
+    line_.output = kForms.at(output_);
+    checkServices(line_.without);
+  }
+
+  CommandLine& line_;
+  CLI::App app_{"Plays the host for a string plugin: lists its methods and calls them.", "stringhost"};
+  CLI::App* list_ = nullptr;
+  CLI::App* call_ = nullptr;
+  std::string encoding_ = "utf-8";
+  std::string output_ = "text";
+};
+
+}  // namespace
+
+CommandLine parseCommandLine(const std::vector<std::string>& arguments) {
+  CommandLine line;
+  Parser(line).parse(arguments);
+  line.pattern = unshielded(line.pattern);
+  return line;
+}
+
+}  // namespace stringhost

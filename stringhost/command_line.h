@@ -1,0 +1,35 @@
+/// What a command line asks for.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/encodings.h"
+#include "stringhost/output.h"
+
+namespace stringhost {
+
+struct CommandLine {
+  enum class Command { kNone, kList, kCall, kTour };
+
+  Command command = Command::kNone;
+  std::optional<std::string> reply;  ///< what --help or --version answer; nothing else is to be done then
+  std::string plugin;                ///< empty: the one built beside this program
+
+  std::string pattern;  ///< of list
+  bool listsAsJson = false;
+
+  std::string method;  ///< of call
+  std::vector<std::string> arguments;
+  double hostVersion = 0;
+  TextEncoding encoding = kEncodingUTF8;
+  std::vector<std::string> without;
+  Form output = Form::kText;
+  int repeat = 1;
+};
+
+/// Throws `UsageError`.
+[[nodiscard]] CommandLine parseCommandLine(const std::vector<std::string>& arguments);
+
+}  // namespace stringhost

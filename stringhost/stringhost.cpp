@@ -1,0 +1,133 @@
+#include "stringhost/stringhost.h"
+
+#include <algorithm>
+#include <cctype>
+#include <chrono>
+#include <istream>
+#include <ostream>
+
+#include "standin/session.h"
+#include "stringhost/arguments.h"
+#include "stringhost/command_line.h"
+#include "stringhost/executable.h"
+#include "stringhost/list.h"
+#include "stringhost/nearest.h"
+#include "stringhost/tour.h"
+#include "stringhost/usage_error.h"
+
+namespace stringhost {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The plugin built or unpacked beside this program.
+fs::path neighbour() {
+#ifdef _WIN32
+  const fs::path name = "StringPlugin.dll";
+#else
+  const fs::path name = "StringPlugin.so";
+#endif
+  const fs::path folder = executableFolder();
+  for (const fs::path& candidate : {folder / name, folder.parent_path() / name}) {
+    std::error_code failure;
+    if (fs::is_regular_file(candidate, failure)) return candidate;
+  }
+  throw UsageError("no " + name.string() + " beside this program", "name a plugin with --plugin FILE");
+}
+
+fs::path pluginOf(const CommandLine& line) {
+  return line.plugin.empty() ? neighbour() : fs::path(std::u8string(line.plugin.begin(), line.plugin.end()));
+}
+
+bool isSameName(const std::string& a, const std::string& b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
+    return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
+  });
+}
+
+/// The overload a call means. Case doesn't matter in the host's language.
+const standin::Method& find(const standin::Session& session, const CommandLine& line) {
+  const standin::Method* best = nullptr;
+  std::string overloads;
+  std::vector<std::string> names;
+  for (const standin::Method& method : session.methods()) {
+    const standin::Declaration& declaration = method.declaration;
+    names.push_back(declaration.name);
+    if (!isSameName(declaration.name, line.method)) continue;
+    overloads += (overloads.empty() ? "" : "; ") + std::string(method.entry.declaration);
+    const bool isBetter = best == nullptr || declaration.parameters.size() < best->declaration.parameters.size();
+    if (declaration.accepts(line.arguments.size()) && isBetter) best = &method;
+  }
+  if (best != nullptr) return *best;
+  if (overloads.empty()) throw UsageError("no such method: " + line.method, hintFor(line.method, names));
+  const std::size_t count = line.arguments.size();
+  throw UsageError(std::to_string(count) + (count == 1 ? " argument doesn't" : " arguments don't") + " fit " +
+                   overloads);
+}
+
+int report(std::ostream& err, const standin::Outcome& outcome) {
+  for (const std::string& violation : outcome.violations) {
+    err << "stringhost: the plugin broke a rule of the host: " << violation << '\n';
+  }
+  if (outcome.exception) err << outcome.exception->className << ": " << outcome.exception->message << '\n';
+  if (!outcome.balanced) return kUnbalanced;
+  return outcome.exception ? kRaised : kDone;
+}
+
+int call(const CommandLine& line, std::istream& in, std::ostream& out, std::ostream& err, bool terminal) {
+  standin::Session session(pluginOf(line),
+                           {.version = line.hostVersion, .without = line.without, .logs = false, .loadsInPlace = true});
+  const standin::Method& method = find(session, line);
+  const auto arguments = parseArguments(method.declaration, line.arguments, {in, line.encoding});
+
+  using Clock = std::chrono::steady_clock;
+  standin::Outcome outcome;
+  const Clock::time_point start = Clock::now();
+  for (int round = 0; round < line.repeat && outcome.balanced; ++round) outcome = session.call(method, arguments);
+  const std::chrono::duration<double, std::nano> elapsed = Clock::now() - start;
+
+  const bool isResult = !outcome.exception || line.output == Form::kJson;
+  if (isResult) print(out, outcome, method.declaration.result, line.output, terminal);
+  out.flush();
+  if (line.repeat > 1) {
+    err << line.repeat << " calls, " << static_cast<std::int64_t>(elapsed.count() / line.repeat)
+        << " ns each, the host's work included\n";
+  }
+  return report(err, outcome);
+}
+
+int dispatch(const CommandLine& line, std::istream& in, std::ostream& out, std::ostream& err, bool terminal) {
+  switch (line.command) {
+    case CommandLine::Command::kCall:
+      return call(line, in, out, err, terminal);
+    case CommandLine::Command::kTour:
+      return tour({"--plugin", pluginOf(line).string()}, out, err);
+    default:
+      break;
+  }
+  const standin::Session session(pluginOf(line), {.logs = false, .loadsInPlace = true});
+  if (!list(out, session, line.pattern, line.listsAsJson)) throw UsageError("no method matches: " + line.pattern);
+  return kDone;
+}
+
+}  // namespace
+
+int run(const std::vector<std::string>& arguments, std::istream& in, std::ostream& out, std::ostream& err,
+        bool terminal) {
+  try {
+    const CommandLine line = parseCommandLine(arguments);
+    if (line.reply) {
+      out << *line.reply;
+      return kDone;
+    }
+    return dispatch(line, in, out, err, terminal);
+  } catch (const UsageError& error) {
+    err << "stringhost: " << error.what() << '\n';
+    if (!error.hint().empty()) err << error.hint() << '\n';
+  } catch (const std::exception& error) {
+    err << "stringhost: " << error.what() << '\n';
+  }
+  return kUsage;
+}
+
+}  // namespace stringhost
