@@ -11,7 +11,7 @@ using KernelFunction = std::int64_t (*)(const Operands& operands);
 
 struct Kernel {
   const char* job;
-  const char* name;  ///< "kernel" or "scalar"
+  const char* name;  ///< "kernel", or "plain" for the twin without wide registers
   KernelFunction run;
 };
 
