@@ -29,3 +29,8 @@
 /// As `StringXOR`, and each byte is also combined with the low 8 bits of its own position.
 [[nodiscard]] REALstringStruct* StringXOR2(REALstringStruct* data, REALstringStruct* XorMask,
                                            std::int32_t MaskOffset) noexcept;
+
+/// Pseudo-random bytes, from the generator that the whole process shares. Without `ASCII` they have any value and no
+/// encoding, or US-ASCII when all are below 0x80; with it they are 0x20 to 0x7F, in US-ASCII. Empty when the length is
+/// below 1 or memory is short, and then nothing is drawn.
+[[nodiscard]] REALstringStruct* RandomBytesStringZQV(std::int32_t Length, HostBooleanArgument ASCII) noexcept;

@@ -15,11 +15,14 @@ inline constexpr std::int32_t kDefaultLineLimit = 72;
 [[nodiscard]] constexpr bool isLineBreak(std::uint8_t byte) noexcept { return byte == '\r' || byte == '\n'; }
 [[nodiscard]] constexpr bool isBlank(std::uint8_t byte) noexcept { return byte == ' ' || byte == '\t'; }
 
+/// The byte that makes a pair with a CR or LF.
+[[nodiscard]] constexpr std::uint8_t otherLineBreak(std::uint8_t byte) noexcept { return byte ^ ('\r' ^ '\n'); }
+
 /// The end of a line break: CR LF and LF CR are one, any other CR or LF is one of its own.
 /// @param in  at a CR or LF, before `end`
 [[nodiscard]] constexpr const std::uint8_t* lineBreakEnd(const std::uint8_t* in, const std::uint8_t* end) noexcept {
-  const bool isPair = end - in > 1 && isLineBreak(in[1]) && in[1] != in[0];
-  return in + (isPair ? 2 : 1);
+  const std::uint8_t other = otherLineBreak(*in++);
+  return in != end && *in == other ? in + 1 : in;
 }
 
 /// Writes bytes as quoted-printable text. Every line break of the input becomes CR LF. Lines hold at most

@@ -74,6 +74,8 @@ AVX2_FUNCTION quoted_printable::Progress quoted_printable::avx2::escape(ByteView
     const std::uint32_t escaped = wide::below(special, count);
     if (escaped == 0) {
       wide::store(out, vector);
+    } else if (escaped == ~0U) {
+      ::avx2::storeAllEscaped(out, vector);
     } else {
       ::avx2::storeEscaped(out, vector, vector, escaped);
     }
@@ -100,14 +102,18 @@ AVX2_FUNCTION std::size_t quoted_printable::avx2::decode(ByteView text, ByteSpan
     const __m256i values = ::avx2::hexValues(vector);
     const __m256i isNoDigit = _mm256_andnot_si256(equal(vector, '0'), equal(values, 0));
     const Layout layout = layoutOf(bits(isMark), bits(isReturn), bits(isFeed), ~bits(isNoDigit));
-    const unsigned count = _tzcnt_u32(layout.odd);
-    if (count == 0) {
-      at = scalar::decodeSpecial(at, end);
-      continue;
-    }
     const __m256i unescaped = _mm256_blendv_epi8(vector, followingPairs(values), isMark);
     const __m256i decoded = _mm256_blendv_epi8(unescaped, all('\n'), isReturn);
-    at = {at.in + count, wide::storeKept(at.out, decoded, wide::below(~layout.dropped, count))};
+    if (layout.odd == 0) {  // the usual case on its own, so that where to read next doesn't wait for the layout
+      at = {at.in + kVector, wide::storeKept(at.out, decoded, ~layout.dropped)};
+      continue;
+    }
+    const unsigned count = _tzcnt_u32(layout.odd);
+    if (count != 0) {
+      at = {at.in + count, wide::storeKept(at.out, decoded, wide::below(~layout.dropped, count))};
+    } else {
+      at = scalar::decodeSpecial(at, end);
+    }
   }
   const auto done = static_cast<std::size_t>(at.out - bytes.data());
   return done + scalar::decode({at.in, end}, bytes.subspan(done));

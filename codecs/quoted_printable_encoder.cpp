@@ -8,6 +8,28 @@
 using quoted_printable::isBlank;
 using quoted_printable::isLineBreak;
 
+namespace {
+
+/// Bytes of text that are copied at once.
+constexpr std::int64_t kCopied = 32;
+
+/// Copies in blocks, so that it touches up to `kCopied` bytes more on both sides.
+std::uint8_t* appendBlocks(std::uint8_t* out, const std::uint8_t* text, std::int64_t size) noexcept {
+  for (std::int64_t i = 0; i < size; i += kCopied) std::memcpy(out + i, text + i, kCopied);
+  return out + size;
+}
+
+std::uint8_t* appendLineBreak(std::uint8_t* out) noexcept {
+  return std::copy(EncodeData::line_break.begin(), EncodeData::line_break.end(), out);
+}
+
+std::uint8_t* appendSoftBreak(std::uint8_t* out) noexcept {
+  *out = '=';
+  return appendLineBreak(out + 1);
+}
+
+}  // namespace
+
 bool EncodeData::encodeTo(OutputBuffer& output) noexcept {
   constexpr std::int64_t kReserved = 1024;
   out_ = output.begin();
@@ -39,7 +61,7 @@ std::int64_t EncodeData::measure() noexcept {
 /// reach one byte beyond the step.
 std::int64_t EncodeData::stepRoom() const noexcept {
   const auto taken = static_cast<std::int64_t>(std::min(input_.size() - position_, kStepSize + 1));
-  return kMaxPerByte * (taken + 1) + static_cast<std::int64_t>(kCopied);
+  return kMaxPerByte * (taken + 1) + kCopied;
 }
 
 bool EncodeData::atLineBreak() const noexcept { return position_ != input_.size() && isLineBreak(input_[position_]); }
@@ -60,16 +82,27 @@ void EncodeData::step() noexcept {
     emitText(text, done.out - text - (heldBack_ != 0));
     position_ += static_cast<std::size_t>(done.in - rest.data());
   }
-  while (position_ < end && atLineBreak()) encodeLineBreak();
+  if (position_ < end && atLineBreak()) encodeLineBreaks(end);
 }
 
-void EncodeData::encodeLineBreak() noexcept {
+void EncodeData::encodeLineBreaks(std::size_t end) noexcept {
   if (heldBack_ != 0) emit_hex_encoded(heldBack_);
   heldBack_ = 0;
-  const ByteView rest = input_.subspan(position_);
-  position_ +=
-      static_cast<std::size_t>(quoted_printable::lineBreakEnd(rest.data(), rest.data() + rest.size()) - rest.data());
-  output_line_break();
+  const std::uint8_t* const inputEnd = input_.data() + input_.size();
+  const std::uint8_t* const stop = input_.data() + std::min(input_.size(), end);
+  const std::uint8_t* in = input_.data() + position_;
+  std::uint8_t* out = out_;
+  while (in < stop && isLineBreak(*in)) {
+    const std::uint8_t first = *in;
+    while (in < stop && *in == first) {
+      out = appendLineBreak(out);
+      ++in;
+    }
+    if (in != inputEnd && *in == quoted_printable::otherLineBreak(first)) ++in;  // pairs with the last one
+  }
+  position_ = static_cast<std::size_t>(in - input_.data());
+  out_ = out;
+  column_ = 0;
   hadLineBreak_ = true;
 }
 
@@ -92,13 +125,13 @@ void EncodeData::emit_hex_encoded(std::uint8_t byte) noexcept {
 }
 
 void EncodeData::output_line_break() noexcept {
-  out_ = std::ranges::copy(line_break, out_).out;
+  out_ = appendLineBreak(out_);
   column_ = 0;
 }
 
 void EncodeData::softBreak() noexcept {
-  *out_++ = '=';
-  output_line_break();
+  out_ = appendSoftBreak(out_);
+  column_ = 0;
 }
 
 /// Writes text with its escapes, broken into lines, as if character by character and escape by escape. An "=" in it
@@ -107,15 +140,17 @@ void EncodeData::softBreak() noexcept {
 void EncodeData::emitText(const std::uint8_t* text, std::int64_t size) noexcept {
   const std::int64_t capacity = lineLimit_ - 2;
   if (capacity < 3) return emitInNarrowLines(text, size);
-  for (std::int64_t room = capacity - column_; size > room; room = capacity) {
+  std::uint8_t* out = out_;
+  std::int64_t room = capacity - column_;
+  while (size > room) {
     const std::int64_t length = room - (text[room - 1] == '=' ? 1 : 0) - (text[room - 2] == '=' ? 2 : 0);
-    copyText(text, length);
-    softBreak();
+    out = appendSoftBreak(appendBlocks(out, text, length));
     text += length;
     size -= length;
+    room = capacity;
   }
-  copyText(text, size);
-  column_ += size;
+  out_ = appendBlocks(out, text, size);
+  column_ = capacity - room + size;
 }
 
 /// Writes text with its escapes where the limit is too small for an escape, which then has a line of its own.
@@ -129,10 +164,4 @@ void EncodeData::emitInNarrowLines(const std::uint8_t* text, std::int64_t size) 
       text += 3;
     }
   }
-}
-
-/// Copies in blocks, so that it touches up to `kCopied` bytes more.
-void EncodeData::copyText(const std::uint8_t* text, std::int64_t size) noexcept {
-  for (std::int64_t i = 0; i < size; i += static_cast<std::int64_t>(kCopied)) std::memcpy(out_ + i, text + i, kCopied);
-  out_ += size;
 }

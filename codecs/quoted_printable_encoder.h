@@ -31,13 +31,12 @@ class EncodeData {
  private:
   static constexpr std::int64_t kMaxPerByte = 6;   ///< an escape and the soft break before it
   static constexpr std::int64_t kClosingSize = 9;  ///< a held-back blank and a soft break, with a soft break before
-  static constexpr std::size_t kStepSize = 128;    ///< input bytes taken at once; whole vectors
-  static constexpr std::size_t kCopied = 32;       ///< bytes of text copied at once
+  static constexpr std::size_t kStepSize = 512;    ///< input bytes taken at once; whole vectors
 
   [[nodiscard]] std::int64_t stepRoom() const noexcept;
   [[nodiscard]] bool atLineBreak() const noexcept;
   void step() noexcept;
-  void encodeLineBreak() noexcept;
+  void encodeLineBreaks(std::size_t end) noexcept;
   void close() noexcept;
 
   void emit_literally(std::uint8_t byte) noexcept;
@@ -46,7 +45,6 @@ class EncodeData {
   void softBreak() noexcept;
   void emitText(const std::uint8_t* text, std::int64_t size) noexcept;
   void emitInNarrowLines(const std::uint8_t* text, std::int64_t size) noexcept;
-  void copyText(const std::uint8_t* text, std::int64_t size) noexcept;
 
   std::uint8_t* out_ = nullptr;  ///< where the output goes on
   ByteView input_;

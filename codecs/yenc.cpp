@@ -6,7 +6,8 @@
 namespace {
 
 /// From this many bytes on the wide registers win.
-constexpr std::size_t kWideFrom = 64;
+constexpr std::size_t kAvx2From = 64;
+constexpr std::size_t kAvx512From = 32;
 
 constexpr std::ptrdiff_t kWord = 8;
 
@@ -18,8 +19,11 @@ std::uint64_t unshifted(std::uint64_t word) noexcept {
 }  // namespace
 
 std::size_t yenc::decode(ByteView data, ByteSpan bytes) noexcept {
+#ifdef WIDE_AVX512
+  if (data.size() >= kAvx512From && cpu::hasAvx512()) return avx512::decode(data, bytes);
+#endif
 #ifdef WIDE_AVX2
-  if (data.size() >= kWideFrom && cpu::hasAvx2()) return avx2::decode(data, bytes);
+  if (data.size() >= kAvx2From && cpu::hasAvx2()) return avx2::decode(data, bytes);
 #endif
   return scalar::decode(data, bytes);
 }

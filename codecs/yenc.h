@@ -27,4 +27,10 @@ namespace avx2 {
 }
 #endif
 
+#ifdef WIDE_AVX512
+namespace avx512 {
+[[nodiscard]] std::size_t decode(ByteView data, ByteSpan bytes) noexcept;
+}
+#endif
+
 }  // namespace yenc

@@ -1,5 +1,6 @@
 /// yEnc in vectors of 32 bytes.
 #include "codecs/yenc.h"
+#include "codecs/yenc_escapes.h"
 #include "wide/compaction.h"
 #include "wide/vectors.h"
 
@@ -44,26 +45,6 @@ AVX2_FUNCTION inline void decodeFew(const std::uint8_t* in, std::uint32_t escape
   wide::store(out, _mm256_sub_epi8(bytes, shifts));
 }
 
-struct Escapes {
-  std::uint32_t escaping;  ///< each "=" that stands for no byte
-  std::uint32_t escaped;   ///< each byte after one, "=" or not
-};
-
-/// Tells in a row of "=" those that escape from those that are escaped, without a loop: subtracting the row from the
-/// odd positions turns it over from its first byte on (Langdale and Lemire, Parsing gigabytes of JSON per second).
-/// @param marks    the positions of "="
-/// @param carried  1 when the first byte is escaped, else 0
-constexpr Escapes pairedOff(std::uint32_t marks, std::uint32_t carried) noexcept {
-  constexpr std::uint32_t kOdd = 0xAAAA'AAAA;
-  const std::uint32_t candidates = marks & ~carried;
-  const std::uint32_t turned = (((candidates << 1) | kOdd) - candidates) ^ kOdd;
-  return {turned & marks, turned ^ (marks | carried)};
-}
-
-static_assert(pairedOff(0b0111, 0).escaping == 0b0101 && pairedOff(0b0111, 0).escaped == 0b1010);
-static_assert(pairedOff(0b1110, 0).escaping == 0b1010 && pairedOff(0b1110, 0).escaped == 0b10100);
-static_assert(pairedOff(0b0011, 1).escaping == 0b0010 && pairedOff(0b0011, 1).escaped == 0b0101);
-
 }  // namespace
 
 AVX2_FUNCTION std::size_t yenc::avx2::decode(ByteView data, ByteSpan bytes) noexcept {
@@ -81,7 +62,7 @@ AVX2_FUNCTION std::size_t yenc::avx2::decode(ByteView data, ByteSpan bytes) noex
       out += kVector - _mm_popcnt_u32(marks);
       carried = marks >> 31;
     } else {
-      const Escapes escapes = pairedOff(marks, carried);
+      const Escapes<std::uint32_t> escapes = pairedOff(marks, carried);
       const __m256i escaped = _mm256_and_si256(wide::bytesOfBits(escapes.escaped), all(kEscapedShift));
       const __m256i shifted = _mm256_sub_epi8(vector, _mm256_add_epi8(escaped, all(kShift)));
       out = wide::storeKept(out, shifted, ~escapes.escaping);

@@ -68,5 +68,5 @@ class OutputBuffer {
   std::uint8_t* limit_;
   std::int64_t size_;
   bool tooLong_;
-  alignas(std::max_align_t) std::uint8_t inline_[kInlineSize];
+  alignas(kBufferAlignment) std::uint8_t inline_[kInlineSize];
 };

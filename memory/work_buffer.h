@@ -6,6 +6,7 @@
 #include <span>
 
 #include "memory/byte_view.h"
+#include "memory/limits.h"
 
 /// A buffer for one call. Small ones lie in the object itself, larger ones on the heap.
 /// The contents are uninitialised: whoever asks for a buffer writes all of it.
@@ -37,5 +38,5 @@ class WorkBuffer {
  private:
   std::uint8_t* data_;
   std::int64_t size_;
-  alignas(std::max_align_t) std::uint8_t inline_[kInlineSize];
+  alignas(kBufferAlignment) std::uint8_t inline_[kInlineSize];
 };

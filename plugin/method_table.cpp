@@ -2,6 +2,7 @@
 
 #include "analysis/methods.h"
 #include "bytes/methods.h"
+#include "codecs/methods.h"
 #include "host/methods.h"
 
 namespace {
@@ -12,8 +13,12 @@ constexpr MethodEntry method(const char* declaration, MethodFunction function) n
 
 // clang-format off
 constexpr MethodEntry kMethods[] = {
+    method("EncodeEmailSubjectZQV(s as string) as string", EncodeEmailSubjectZQV),
+    method("_yDecodeMemoryZQV(data as memoryblock) as memoryblock", yDecodeZQVm),
+    method("_yDecodeStringZQV(data as string) as string", yDecodeZQVs),
     method("JaroWinklerDistanceZQV(a as string, b as string) as double", jaroWinklerDistanceZQV),
     method("LevenshteinDistanceZQV(a as string, b as string) as double", levenshteinDistanceZQV),
+    method("RandomBytesStringZQV(Length as integer, ASCII as boolean=false) as string", RandomBytesStringZQV),
     method("StrCompBytesZQV(a as string, b as string) as integer", StrCompBytesZQV),
     method("StrCompCharactersZQV(a as string, b as string) as integer", StrCompCharsZQV),
     method("CountOccurancesZQV(s as string, find as string) as integer", CountOccurancesZQV),
@@ -23,6 +28,8 @@ constexpr MethodEntry kMethods[] = {
     method("StringXOR2ZQV(data as string, XorMask as string, MaskOffset as integer = 0) as string", StringXOR2),
     method("UnicodeStringZQV(s as string) as string", RBUnicodeString),
     method("NativeStringZQV(s as string) as string", RBNativeString),
+    method("EncodingToQuotedPrintableZQV(s as string, LineLen as integer = 72) as string", EncodingToQuotedPrintable2),
+    method("DecodingFromQuotedPrintableZQV(s as string) as string", DecodingToQuotedPrintable),
     method("ConcatBinaryStringsZQV(a as string, b as string, c as string, d as string, e as string, f as string) as string", ConcatBinaryStringsZQV6),
     method("ConcatBinaryStringsZQV(a as string, b as string, c as string, d as string, e as string) as string", ConcatBinaryStringsZQV5),
     method("ConcatBinaryStringsZQV(a as string, b as string, c as string, d as string) as string", ConcatBinaryStringsZQV4),

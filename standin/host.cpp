@@ -66,9 +66,10 @@ void Host::noteLookup(const char* name) {
 
 void Host::keepForever(const ModuleRecord* module) {
   static std::mutex guard;
-  static std::vector<const ModuleRecord*> kept;
+  // Never destroyed, so that to the process's last moment the records are seen to be in use.
+  static auto* const kept = new std::vector<const ModuleRecord*>;
   const std::lock_guard lock(guard);
-  kept.push_back(module);
+  kept->push_back(module);
 }
 
 HostString* Host::makeString(std::string_view bytes, TextEncoding encoding) {

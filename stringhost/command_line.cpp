@@ -3,7 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <charconv>
-#include <map>
+#include <utility>
 
 #include "standin/options.h"
 #include "standin/service_names.h"
@@ -19,7 +19,7 @@ namespace {
 /// commands in a word and lists in brackets.
 constexpr char kShield = '\x01';
 
-const std::map<std::string, Form> kForms = {
+constexpr std::pair<const char*, Form> kForms[] = {
     {"text", Form::kText}, {"hex", Form::kHex}, {"json", Form::kJson}, {"raw", Form::kRaw}};
 const std::vector<std::string> kCommands = {"list", "call", "tour"};
 const std::vector<std::string> kOptions = {"--host-version", "--encoding", "--without", "--output", "--repeat",
@@ -67,16 +67,30 @@ std::string unshielded(std::string text) {
   return text;
 }
 
-TextEncoding encodingNamed(const std::string& name) {
+/// The value of `name` in a table of names and values.
+template <typename Table>
+auto valueNamed(const Table& table, const std::string& name, const std::string& what) {
   std::vector<std::string> names;
-  for (const EncodingName& row : kEncodingNames) {
-    if (name == row.name) return row.encoding;
-    names.emplace_back(row.name);
+  std::string all;
+  for (const auto& [known, value] : table) {
+    if (name == known) return value;
+    names.emplace_back(known);
+    all += (all.empty() ? "" : ", ") + names.back();
   }
-  std::string all = names[0];
-  for (std::size_t index = 1; index < names.size(); ++index) all += ", " + names[index];
   const std::string hint = hintFor(name, names);
-  throw UsageError("no such encoding: " + name, hint.empty() ? "encodings are " + all : hint);
+  throw UsageError("no such " + what + ": " + name, hint.empty() ? "there are " + all : hint);
+}
+
+/// Refuses what is no number of that range.
+template <typename Number>
+CLI::Validator checked(Number least, Number most, const char* what) {
+  const auto check = [=](const std::string& word) -> std::string {
+    Number number{};
+    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
+    const bool isNumber = error == std::errc() && end == word.data() + word.size();
+    return isNumber && number >= least && number <= most ? std::string() : "'" + word + "' is no " + what;
+  };
+  return CLI::Validator(check, "");
 }
 
 void checkServices(const std::vector<std::string>& services) {
@@ -91,6 +105,7 @@ void checkServices(const std::vector<std::string>& services) {
 class Parser {
  public:
   explicit Parser(CommandLine& line) : line_(line) {
+    app_.option_defaults()->take_last();
     app_.set_version_flag("--version", "stringhost " STRINGHOST_VERSION);
     app_.add_option("--plugin", line_.plugin, "The plugin, instead of the one built beside this program")
         ->type_name("FILE");
@@ -112,6 +127,9 @@ class Parser {
       line_.reply = std::string(version.what()) + "\n";
     } catch (const CLI::ExtrasError&) {
       refuseExtras();
+    } catch (const CLI::RequiredError&) {
+      if (app_.get_subcommands().empty()) throw UsageError("no command given", "stringhost --help shows them");
+      throw UsageError("call needs the name of a method", "stringhost list shows them");
     } catch (const CLI::ParseError& error) {
       throw UsageError(unshielded(error.what()), "stringhost --help says more");
     }
@@ -130,25 +148,26 @@ class Parser {
 
   void addCall() {
     call_ = app_.add_subcommand("call", "Call a method and print its result")->fallthrough();
-    call_->add_option("METHOD", line_.method, "Its name, as list shows it")->required()->type_name("");
-    call_->add_option("ARG", line_.arguments, "An argument, see below")->type_name("");
+    call_->add_option("METHOD", line_.method, "Its name, as list shows it")->type_name("")->required();
+    call_->add_option("ARG", line_.arguments, "An argument, see below")->type_name("")->take_all();
     call_->add_option("--host-version", line_.hostVersion, "The version of the host to be played")
         ->type_name("V")
-        ->check(CLI::Range(0.0, 1e6))
+        ->check(checked<double>(0, 1e6, "version of the host"))
         ->default_val(standin::Options().version);
-    call_->add_option("--encoding", encoding_, "How string arguments are encoded and marked")
+    call_
+        ->add_option(
+            "--encoding", encoding_,
+            "How string arguments are encoded and marked: utf-8, ascii, utf-16, utf-32, macroman, windows-1252 or none")
         ->type_name("E")
         ->default_str("utf-8");
     call_->add_option("--without", line_.without, "A service the host shall not offer; may be repeated")
         ->type_name("SERVICE")
+        ->take_all()
         ->allow_extra_args(false);
-    call_->add_option("--output", output_, "text, hex, json or raw")
-        ->type_name("FORM")
-        ->check(CLI::IsMember(std::vector<std::string>{"text", "hex", "json", "raw"}))
-        ->default_str("text");
+    call_->add_option("--output", output_, "text, hex, json or raw")->type_name("FORM")->default_str("text");
     call_->add_option("--repeat", line_.repeat, "Call it N times and say how long a call takes")
         ->type_name("N")
-        ->check(CLI::Range(1, 1'000'000'000));
+        ->check(checked<int>(1, 1'000'000'000, "number of calls"));
     call_->footer(kCallHelp());
   }
 
@@ -169,7 +188,7 @@ leaked or broke another rule of the host.)";
     for (CLI::App* command : {list_, call_, app_.get_subcommand("tour")}) {
       if (command->parsed()) return command->help("stringhost");
     }
-    return app_.help("stringhost");
+    return app_.help();
   }
 
   [[noreturn]] void refuseExtras() {
@@ -183,8 +202,8 @@ leaked or broke another rule of the host.)";
     line_.command = CommandLine::Command::kCall;
     line_.method = unshielded(line_.method);
     for (std::string& argument : line_.arguments) argument.erase(0, 1);
-    line_.encoding = encodingNamed(encoding_);
-    line_.output = kForms.at(output_);
+    line_.encoding = valueNamed(kEncodingNames, encoding_, "encoding");
+    line_.output = valueNamed(kForms, output_, "form of output");
     checkServices(line_.without);
   }
 

@@ -88,7 +88,7 @@ int call(const CommandLine& line, std::istream& in, std::ostream& out, std::ostr
 
   const bool isResult = !outcome.exception || line.output == Form::kJson;
   if (isResult) print(out, outcome, method.declaration.result, line.output, terminal);
-  out.flush();
+  if (!out.flush()) throw UsageError("the result cannot be written");
   if (line.repeat > 1) {
     err << line.repeat << " calls, " << static_cast<std::int64_t>(elapsed.count() / line.repeat)
         << " ns each, the host's work included\n";
@@ -106,8 +106,8 @@ int dispatch(const CommandLine& line, std::istream& in, std::ostream& out, std::
       break;
   }
   const standin::Session session(pluginOf(line), {.logs = false, .loadsInPlace = true});
-  if (!list(out, session, line.pattern, line.listsAsJson)) throw UsageError("no method matches: " + line.pattern);
-  return kDone;
+  if (list(out, session, line.pattern, line.listsAsJson)) return kDone;
+  throw UsageError("no method matches: " + line.pattern, "stringhost list shows all");
 }
 
 }  // namespace

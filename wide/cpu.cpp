@@ -7,9 +7,13 @@
 
 namespace {
 
-enum class Answer : unsigned char { kNotAsked, kNo, kYes };
+/// What the CPU offers, as flags.
+using Offer = unsigned;
+constexpr Offer kAsked = 1;
+constexpr Offer kAvx2 = 2;
+constexpr Offer kAvx512 = 4;
 
-std::atomic<Answer> avx2Answer{Answer::kNotAsked};
+std::atomic<Offer> knownOffer{0};
 
 /// The register state the system saves on a task switch (extended control register 0).
 unsigned savedState() noexcept {
@@ -19,32 +23,42 @@ unsigned savedState() noexcept {
   return low;
 }
 
-Answer askCpu() noexcept {
-  constexpr unsigned kSseAndAvxState = 0x6;
-  constexpr unsigned kPopcnt = 1U << 23;                              // leaf 1, ECX
-  constexpr unsigned kFeatures7 = (1U << 3) | (1U << 5) | (1U << 8);  // BMI1, AVX2, BMI2: leaf 7, EBX
-  constexpr unsigned kLzcnt = 1U << 5;                                // leaf 0x80000001, ECX
+bool hasAll(unsigned offered, unsigned wanted) noexcept { return (offered & wanted) == wanted; }
+
+Offer askCpu() noexcept {
+  constexpr unsigned kSseAndAvxState = 0x06;
+  constexpr unsigned kAvx512State = 0xE0;
+  constexpr unsigned kPopcnt = 1U << 23;                                 // leaf 1, ECX
+  constexpr unsigned kFeatures7 = (1U << 3) | (1U << 5) | (1U << 8);     // BMI1, AVX2, BMI2: leaf 7, EBX
+  constexpr unsigned kWideSets7 = (1U << 16) | (1U << 30) | (1U << 31);  // AVX-512 F, BW, VL: leaf 7, EBX
+  constexpr unsigned kVbmi2 = 1U << 6;                                   // leaf 7, ECX
+  constexpr unsigned kLzcnt = 1U << 5;                                   // leaf 0x80000001, ECX
   unsigned a = 0;
   unsigned b = 0;
   unsigned c = 0;
   unsigned d = 0;
-  if (__get_cpuid(1, &a, &b, &c, &d) == 0) return Answer::kNo;
-  if ((c & bit_OSXSAVE) == 0 || (c & kPopcnt) == 0) return Answer::kNo;
-  if ((savedState() & kSseAndAvxState) != kSseAndAvxState) return Answer::kNo;
-  if (__get_cpuid_count(7, 0, &a, &b, &c, &d) == 0 || (b & kFeatures7) != kFeatures7) return Answer::kNo;
-  if (__get_cpuid(0x8000'0001, &a, &b, &c, &d) == 0 || (c & kLzcnt) == 0) return Answer::kNo;
-  return Answer::kYes;
+  if (__get_cpuid(1, &a, &b, &c, &d) == 0 || !hasAll(c, bit_OSXSAVE | kPopcnt)) return kAsked;
+  const unsigned state = savedState();
+  if (!hasAll(state, kSseAndAvxState)) return kAsked;
+  if (__get_cpuid(0x8000'0001, &a, &b, &c, &d) == 0 || !hasAll(c, kLzcnt)) return kAsked;
+  if (__get_cpuid_count(7, 0, &a, &b, &c, &d) == 0 || !hasAll(b, kFeatures7)) return kAsked;
+  const bool isWider = hasAll(state, kAvx512State) && hasAll(b, kWideSets7) && hasAll(c, kVbmi2);
+  return kAsked | kAvx2 | (isWider ? kAvx512 : 0);
+}
+
+Offer offer() noexcept {
+  Offer known = knownOffer.load(std::memory_order_relaxed);
+  if (known == 0) {
+    known = askCpu();
+    knownOffer.store(known, std::memory_order_relaxed);
+  }
+  return known;
 }
 
 }  // namespace
 
-bool cpu::hasAvx2() noexcept {
-  Answer answer = avx2Answer.load(std::memory_order_relaxed);
-  if (answer == Answer::kNotAsked) {
-    answer = askCpu();
-    avx2Answer.store(answer, std::memory_order_relaxed);
-  }
-  return answer == Answer::kYes;
-}
+bool cpu::hasAvx2() noexcept { return (offer() & kAvx2) != 0; }
+
+bool cpu::hasAvx512() noexcept { return (offer() & kAvx512) != 0; }
 
 #endif  // WIDE_AVX2

@@ -6,6 +6,11 @@
 #define WIDE_AVX2 1
 /// Compiles one function for AVX2 and the bit instructions that came with it.
 #define AVX2_FUNCTION __attribute__((target("avx2,bmi,bmi2,lzcnt,popcnt")))
+
+/// Set where the build can hold AVX-512 kernels. Whether they may run is `cpu::hasAvx512`.
+#define WIDE_AVX512 1
+/// Compiles one function for AVX-512 on bytes, with its second set of byte manipulations (VBMI2).
+#define AVX512_FUNCTION __attribute__((target("avx512f,avx512bw,avx512vl,avx512vbmi2,avx2,bmi,bmi2,lzcnt,popcnt")))
 #endif
 
 namespace cpu {
@@ -14,6 +19,9 @@ namespace cpu {
 /// True when the CPU has AVX2, BMI1, BMI2, LZCNT and POPCNT and the system saves the wide registers.
 /// Asks the CPU once and keeps the answer.
 [[nodiscard]] bool hasAvx2() noexcept;
+
+/// True when the CPU has all that and AVX-512 with its sets F, BW, VL and VBMI2.
+[[nodiscard]] bool hasAvx512() noexcept;
 #endif
 
 }  // namespace cpu

@@ -1,4 +1,5 @@
-/// A plugin that does what plugins must not do, so that the host's accounts have something to find.
+/// A plugin that does what plugins must not do, so that the host's accounts have something to find; and a few honest
+/// methods of every type.
 #include <cstdint>
 #include <cstring>
 #include <initializer_list>
@@ -16,6 +17,7 @@ namespace {
 using S = REALstringStruct*;
 using M = REALmemoryBlockStruct*;
 using I = std::int32_t;
+using D = double;
 
 HostResolver gHost = nullptr;
 I gCalls = 0;
@@ -111,6 +113,15 @@ S showsArguments(I number, HostBooleanArgument flag) {
   return number == -3 ? build(text) : build("another number");
 }
 
+M returnsTheBlock(M m) {
+  find<service::LockObject>("REALLockObject")(reinterpret_cast<REALobjectStruct*>(m));
+  return m;
+}
+S kindOf(S s) { return s == nullptr ? build("null") : build(lengthOf(s) == 0 ? "empty" : "bytes"); }
+double half(S, S) { return 0.5; }
+HostBoolean isNull(S s) { return s == nullptr; }
+S isNegative(D d) { return build(d < 0 ? "yes" : "no"); }
+
 #define METHOD(function, declaration) \
   { function, nullptr, declaration, 4, 0, nullptr }
 
@@ -137,6 +148,11 @@ const MethodEntry kMethods[] = {
     METHOD(isTwo, "isTwo(s as string) as boolean"),
     METHOD(form, "form(s as string) as string"),
     METHOD(structure, "structure(s as string) as string"),
+    METHOD(returnsTheBlock, "returnsTheBlock(m as memoryblock) as memoryblock"),
+    METHOD(kindOf, "kindOf(s as string) as string"),
+    METHOD(half, "half(a as string, b as string) as double"),
+    METHOD(isNull, "isNull(s as string) as boolean"),
+    METHOD(isNegative, "isNegative(d as double) as string"),
     METHOD(showsArguments, "showsArguments(number as integer=-3, flag as boolean = true) as string"),
 };
 

@@ -1,0 +1,20 @@
+#include <algorithm>
+
+#include "codecs/email_subject.h"
+#include "codecs/methods.h"
+#include "host/build_string.h"
+#include "host/rb_text.h"
+
+REALstringStruct* EncodeEmailSubjectZQV(REALstringStruct* s) noexcept {
+  if (s == nullptr) return nullptr;
+  rbText input(s);
+  const ByteView text = input.utf8();
+  if (!input.hadUtf8()) return nullptr;
+  const ByteView notPlain = text.subspan(email_subject::findNotPlain(text));
+  if (notPlain.empty() || notPlain.front() == 0) return sameString(s);  // a zero byte ends the text
+
+  const auto end = std::ranges::find(notPlain, std::uint8_t{0}) - text.begin();
+  OutputBuffer word;
+  if (!email_subject::encode(text.first(static_cast<std::size_t>(end)), word)) return nullptr;
+  return REALBuildUnicodeString(word.data(), word.size(), kEncodingASCII);
+}

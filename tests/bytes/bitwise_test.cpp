@@ -1,0 +1,115 @@
+/// The bitwise operations.
+#include "bytes/bitwise.h"
+
+#include <doctest/doctest.h>
+#include <limits>
+#include <string>
+#include <string_view>
+
+#include "tests/reference/bitwise.h"
+#include "tests/support/placed_bytes.h"
+#include "tests/support/random_bytes.h"
+
+using namespace std::string_view_literals;
+using bitwise::Operation;
+
+namespace {
+
+constexpr std::uint32_t kSeed = 0x584F'5232;
+constexpr Operation kOperations[] = {Operation::kAnd, Operation::kOr, Operation::kXor, Operation::kXorPosition};
+
+std::string combined(Operation operation, std::string_view data, std::string_view mask, std::int32_t offset = 0) {
+  const PlacedBytes in(data, data.size() % 32);
+  const PlacedBytes partner(mask, mask.size() % 32);
+  const PlacedBytes out(data.size(), (data.size() + mask.size()) % 32);
+  bitwise::combine(operation, in.span(), partner.span(), offset, out.span());
+  CHECK(out.marginsIntact());
+  return out.text();
+}
+
+struct Case {
+  const char* name;
+  Operation operation;
+  std::string_view data;
+  std::string_view mask;
+  std::int32_t offset;
+  std::string_view result;
+};
+
+constexpr Case kCases[] = {
+    {"a mask of one byte", Operation::kAnd, "\xFF\x0F\xF0", "\x3C", 0, "\x3C\x0C\x30"},
+    {"the tail of a longer mask plays no part", Operation::kOr, "AB", "\x20\x20\0\0"sv, 0, "ab"},
+    {"the mask begins at the offset", Operation::kXor, "abcd", "\x01\x02", 1, "\x63\x63\x61\x65"},
+    {"an offset beyond the mask", Operation::kXor, "abcd", "\x01\x02", 7, "\x63\x63\x61\x65"},
+    {"an offset before the mask", Operation::kXor, "abcd", "\x01\x02", -1, "\x63\x63\x61\x65"},
+    {"a whole mask before the mask", Operation::kXor, "ab", "\x01\x02", -2, "``"},
+    {"positions", Operation::kXorPosition, "\0\0\0\0"sv, "\0"sv, 0, "\0\1\2\3"sv},
+    {"data with itself", Operation::kXorPosition, "data", "data", 0, "\0\1\2\3"sv},
+};
+
+TEST_CASE("bitwise: examples") {
+  for (const Case& c : kCases) {
+    CAPTURE(c.name);
+    CHECK(combined(c.operation, c.data, c.mask, c.offset) == c.result);
+  }
+  CHECK(combined(Operation::kXorPosition, std::string(300, '\0'), "\0"sv).substr(254, 4) == "\xFE\xFF\0\1"sv);
+}
+
+TEST_CASE("bitwise: every length of data and mask gives what the reference gives") {
+  RandomBytes random(kSeed);
+  for (std::size_t length = 0; length <= 300; ++length) {
+    for (const std::size_t maskLength :
+         {std::size_t{1}, std::size_t{2}, std::size_t{4}, 1 + random.below(40), 1 + random.below(400), length + 1}) {
+      const std::string data = random(length);
+      const std::string mask = random(maskLength);
+      const auto offset = static_cast<std::int32_t>(random.below(1000)) - 500;
+      CAPTURE(length);
+      CAPTURE(maskLength);
+      for (const Operation operation : kOperations) {
+        CHECK((combined(operation, data, mask, offset) == reference::combined(operation, data, mask, offset)));
+      }
+    }
+  }
+}
+
+TEST_CASE("bitwise: long data meets the end of the mask again and again") {
+  RandomBytes random(kSeed);
+  constexpr std::int32_t kOffsets[] = {0, 1, -1, std::numeric_limits<std::int32_t>::max(),
+                                       std::numeric_limits<std::int32_t>::min()};
+  constexpr std::size_t kMaskLengths[] = {1, 2, 3, 7, 127, 128, 129, 1000, 1023, 1024, 1025, 2047, 4999, 5001};
+  for (const std::size_t maskLength : kMaskLengths) {
+    const std::string data = random(5000 + random.below(200));
+    const std::string mask = random(maskLength);
+    CAPTURE(maskLength);
+    for (const Operation operation : kOperations) {
+      for (const std::int32_t offset : kOffsets) {
+        CHECK((combined(operation, data, mask, offset) == reference::combined(operation, data, mask, offset)));
+      }
+    }
+  }
+}
+
+#ifdef WIDE_AVX2
+TEST_CASE("bitwise: the wide kernel agrees with the scalar one, from any position on") {
+  if (!cpu::hasAvx2()) return;
+  RandomBytes random(kSeed);
+  for (std::size_t length = 0; length <= 700; ++length) {
+    const std::size_t period = 128 + random.below(400);
+    const std::string once = random(period);
+    const PlacedBytes in(random(length), random.below(32));
+    const PlacedBytes mask(once + once.substr(0, bitwise::RepeatingMask::kSlack), random.below(32));
+    const PlacedBytes scalarOut(length, random.below(32));
+    const PlacedBytes wideOut(length, random.below(32));
+    const std::size_t position = random.below(300);
+    CAPTURE(length);
+    for (const Operation operation : kOperations) {
+      bitwise::scalar::combine(operation, in.span(), {mask.span().data(), period}, position, scalarOut.span().data());
+      bitwise::avx2::combine(operation, in.span(), {mask.span().data(), period}, position, wideOut.span().data());
+      CHECK((scalarOut.text() == wideOut.text()));
+      CHECK(wideOut.marginsIntact());
+    }
+  }
+}
+#endif
+
+}  // namespace

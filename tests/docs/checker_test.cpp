@@ -1,0 +1,67 @@
+/// The checks of the documentation, checked: they pass what is right and name the place of what isn't.
+#include <doctest/doctest.h>
+
+#include "tests/docs/coverage.h"
+#include "tests/docs/examples.h"
+
+namespace docs {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+constexpr const char* kPage = R"(# Encodings
+## NativeStringZQV
+```xojo
+NativeStringZQV(s as string) as string
+```
+Text.
+```console
+$ stringhost call NativeStringZQV 'two words'
+two words
+$ stringhost call NativeStringZQV ''
+$ stringhost call NativeStringZQV
+stringhost: 0 arguments don't fit NativeStringZQV(s as string) as string
+[status 2]
+```
+)";
+
+TEST_CASE("examples that print what the page says pass") {
+  const Replay replay = replayExamples("a.md", readPage(kPage), STRING_PLUGIN_FILE);
+  CHECK(replay.examples == 3);
+  CHECK(replay.failures == Lines{});
+}
+
+TEST_CASE("examples that don't are reported with their place") {
+  const auto failure = [](const std::string& block) {
+    const Replay replay = replayExamples("a.md", readPage("\n```console\n" + block + "```\n"), STRING_PLUGIN_FILE);
+    REQUIRE(replay.failures.size() == 1);
+    return replay.failures[0];
+  };
+  CHECK(failure("$ stringhost call NativeStringZQV x\ny\n") == "a.md:3: expected\ny\nbut got\nx\n");
+  CHECK(failure("$ stringhost call NativeStringZQV x\n") == "a.md:3: expected\nbut got\nx\n");
+  CHECK(failure("x\n") == "a.md:3: output without a command");
+  CHECK(failure("$ ls\n") == "a.md:3: expected\nbut got\nnot a command line of stringhost\n");
+  CHECK(failure("$ stringhost 'x\n") == "a.md:3: expected\nbut got\na quotation is not closed\n");
+}
+
+TEST_CASE("blocks of another kind are not run") {
+  CHECK(replayExamples("a.md", readPage("```sh\n$ ls\n```\n"), STRING_PLUGIN_FILE).examples == 0);
+}
+
+TEST_CASE("the reference and the registered methods are held against each other") {
+  const std::string native = "NativeStringZQV(s as string) as string";
+  const auto compared = [](const char* page, const Lines& registered) {
+    return differences({{"a.md", readPage(page)}}, registered);
+  };
+  CHECK(compared(kPage, {native}) == Lines{});
+  CHECK(compared(kPage, {native, "F() as string"}) == Lines{"not documented: F() as string"});
+  CHECK(compared(kPage, {}) == Lines{"a.md:4: not registered: " + native});
+  CHECK(compared("## F\n", {}) == Lines{"a.md:1: F has no declaration"});
+  CHECK(compared("## F\n```xojo\nG() as string\n```\n", {"G() as string"}) ==
+        Lines{"a.md:3: declared below another heading: G() as string"});
+  CHECK(compared("## F\n```xojo\nF() as string\nF() as string\n```\n", {"F() as string"}) ==
+        Lines{"a.md:4: documented twice: F() as string"});
+}
+
+}  // namespace
+}  // namespace docs

@@ -1,0 +1,55 @@
+/// The documentation itself: its examples do what it says, and it describes every method.
+#include <doctest/doctest.h>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "standin/session.h"
+#include "tests/docs/coverage.h"
+#include "tests/docs/examples.h"
+
+namespace docs {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kRoot = SOURCE_FOLDER;
+
+Page pageIn(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return readPage(std::string{std::istreambuf_iterator<char>(file), {}});
+}
+
+/// The pages below a folder, by their path from the root of the sources.
+std::map<std::string, Page> pagesBelow(const char* folder) {
+  std::map<std::string, Page> pages;
+  for (const auto& entry : fs::recursive_directory_iterator(kRoot / folder)) {
+    if (entry.path().extension() != ".md") continue;
+    pages[entry.path().lexically_relative(kRoot).generic_string()] = pageIn(entry.path());
+  }
+  return pages;
+}
+
+TEST_CASE("every example prints what its page says") {
+  // Where a reader of the examples would run them.
+  fs::current_path(kRoot);
+  int examples = 0;
+  auto pages = pagesBelow("docs");
+  pages["README.md"] = pageIn(kRoot / "README.md");
+  for (const auto& [name, page] : pages) {
+    const Replay replay = replayExamples(name, page, STRING_PLUGIN_FILE);
+    examples += replay.examples;
+    for (const std::string& failure : replay.failures) FAIL_CHECK(failure);
+  }
+  CHECK(examples > 0);
+}
+
+TEST_CASE("every method is documented, and nothing else") {
+  std::vector<std::string> registered;
+  const standin::Session session;
+  for (const standin::Method& method : session.methods()) registered.emplace_back(method.entry.declaration);
+  for (const std::string& difference : differences(pagesBelow("docs/methods"), registered)) FAIL_CHECK(difference);
+}
+
+}  // namespace
+}  // namespace docs

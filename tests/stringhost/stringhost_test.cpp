@@ -1,0 +1,293 @@
+/// The command line, run in this process: what is printed where, and the exit status.
+#include "stringhost/stringhost.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <doctest/doctest.h>
+#include <fstream>
+#include <sstream>
+
+#include "stringhost/nearest.h"
+#include "stringhost/shell_words.h"
+
+using namespace std::string_literals;
+
+namespace stringhost {
+namespace {
+
+using Words = std::vector<std::string>;
+
+struct Run {
+  std::string out;
+  std::string err;
+  int status;
+};
+
+/// Runs on the plugin of the accounts' tests, which has methods of every type, or on the one of this build.
+Run ran(const Words& words, bool terminal = false, const std::string& input = {},
+        const char* plugin = CLUMSY_PLUGIN_FILE) {
+  std::istringstream in(input);
+  std::ostringstream out;
+  std::ostringstream err;
+  Words all = {"--plugin", plugin};
+  all.insert(all.end(), words.begin(), words.end());
+  const int status = run(all, in, out, err, terminal);
+  return {out.str(), err.str(), status};
+}
+
+Run ranOnBuilt(const Words& words, bool terminal = false, const std::string& input = {}) {
+  return ran(words, terminal, input, STRING_PLUGIN_FILE);
+}
+
+/// A file of this name, as long as the test runs.
+class File {
+ public:
+  File(const char* name, const std::string& bytes) : name_(name) { std::ofstream(name, std::ios::binary) << bytes; }
+  ~File() { std::remove(name_); }
+
+ private:
+  const char* name_;
+};
+
+TEST_CASE("wrong usage is one line, a hint where there is one, and status 2") {
+  const struct {
+    Words words;
+    std::string line;
+    std::string hint;
+  } kCases[] = {
+      {{}, "no command given", "stringhost --help shows them"},
+      {{"lst"}, "no such command: lst", "did you mean list?"},
+      {{"call"}, "call needs the name of a method", "stringhost list shows them"},
+      {{"call", "half", "--outptu", "hex"}, "no such option: --outptu", "did you mean --output?"},
+      {{"call", "half", "--output"}, "--output: 1 required FORM missing", "stringhost --help says more"},
+      {{"call", "half", "--output", "hexx"}, "no such form of output: hexx", "did you mean hex?"},
+      {{"call", "half", "--encoding", "latin"},
+       "no such encoding: latin",
+       "there are utf-8, ascii, utf-16, utf-32, macroman, windows-1252, none"},
+      {{"call", "half", "--without", "REALLockStrings"},
+       "no such service: REALLockStrings",
+       "did you mean REALLockString?"},
+      {{"call", "half", "--host-version", "new"},
+       "--host-version: 'new' is no version of the host",
+       "stringhost --help says more"},
+      {{"call", "half", "--repeat", "0"}, "--repeat: '0' is no number of calls", "stringhost --help says more"},
+      {{"call", "halve", "a", "b"}, "no such method: halve", "did you mean half?"},
+      {{"call", "entirelyElse"}, "no such method: entirelyElse", ""},
+      {{"call", "half", "a"}, "1 argument doesn't fit half(a as string, b as string) as double", ""},
+      {{"call", "showsArguments", "x"}, "'x' is no integer of 32 bits, as number has to be", ""},
+      {{"call", "showsArguments", "2147483648"}, "'2147483648' is no integer of 32 bits, as number has to be", ""},
+      {{"call", "showsArguments", "1", "maybe"}, "'maybe' is no boolean (true or false), as flag has to be", ""},
+      {{"call", "isNegative", "1.5x"}, "'1.5x' is no number, as d has to be", ""},
+      {{"call", "isNull", "hex:4G"}, "hex:4G: 'G' is no hex digit", ""},
+      {{"call", "isNull", "hex:414"}, "hex:414: two hex digits make a byte, one is missing", ""},
+      {{"call", "isNull", "@no such file"}, "no such file: cannot be read", ""},
+      {{"call", "half", "-", "-"}, "standard input can be read once; only one argument can be -", ""},
+      {{"list", "a", "b"}, "one argument too many: b", ""},
+      {{"list", "unheard"}, "no method matches: unheard", "stringhost list shows all"},
+      {{"list", "--plugin", "nowhere.so"}, "nowhere.so: no such file", ""},
+  };
+  for (const auto& c : kCases) {
+    CAPTURE(c.line);
+    const Run result = ran(c.words);
+    CHECK(result.err == "stringhost: " + c.line + "\n" + (c.hint.empty() ? "" : c.hint + "\n"));
+    CHECK(result.out == "");
+    CHECK(result.status == kUsage);
+  }
+}
+
+TEST_CASE("the forms of an argument") {
+  const File file("stringhost_test.txt", "\xFF\n");
+  const struct {
+    std::string argument;
+    std::string bytes;
+  } kCases[] = {
+      {"plain \u00E9", "plain \u00E9"},
+      {"[a,b]", "[a,b]"},
+      {"list", "list"},
+      {"++", "++"},
+      {"-5", "-5"},
+      {"-.5e3", "-.5e3"},
+      {"hex:c3A9", "\u00E9"},
+      {"hex:", ""},
+      {"text:@x", "@x"},
+      {"text:", ""},
+      {"@stringhost_test.txt", "\xFF\n"},
+      {"-", "typed\0in"s},
+      {"nil", "nil"},
+      {"", ""},
+  };
+  for (const auto& c : kCases) {
+    CAPTURE(c.argument);
+    CHECK(ran({"call", "returnsTheArgument", c.argument}, false, "typed\0in"s).out == c.bytes);
+    if (c.argument != "nil") {
+      CHECK(ran({"call", "returnsTheBlock", c.argument}, false, "typed\0in"s).out == c.bytes);
+    }
+  }
+  CHECK(ran({"call", "returnsTheArgument", "--", "--output"}).out == "--output");
+  CHECK(ran({"call", "--output", "hex", "returnsTheArgument", "x"}).out == "78");
+  for (const char* empty : {"hex:", "text:"}) CHECK(ran({"call", "kindOf", empty}).out == "empty");
+  CHECK(ran({"call", "kindOf", ""}).out == "null");
+  CHECK(ran({"call", "isNegative", "-1.5"}).out == "yes");
+  CHECK(ran({"call", "isNegative", "1e3"}).out == "no");
+  CHECK(ran({"call", "showsArguments", "-3", "FALSE"}).out == "false");
+  CHECK(ran({"call", "SHOWSARGUMENTS"}).out == "true");
+}
+
+TEST_CASE("text is converted to the encoding, bytes are marked with it") {
+  const auto shown = [](const char* encoding, const char* argument) {
+    return ran({"call", "returnsTheArgument", argument, "--encoding", encoding, "--output", "json"}).out;
+  };
+  const auto json = [](const char* value, const char* hex, const char* encoding) {
+    return R"({"type":"string","value":)"s + value + R"(,"hex":")" + hex + R"(","encoding":")" + encoding +
+           R"(","null":false,"same_argument":1,"exception":null})" + "\n";
+  };
+  CHECK(shown("utf-8", "\u00E9") == json("\"\u00E9\"", "C3A9", "utf-8"));
+  CHECK(shown("utf-16", "\u00E9") == json("\"\u00E9\"", "E900", "utf-16"));
+  CHECK(shown("utf-32", "\u00E9") == json("\"\u00E9\"", "E9000000", "utf-32"));
+  CHECK(shown("macroman", "\u00E9") == json("\"\u00E9\"", "8E", "macroman"));
+  CHECK(shown("windows-1252", "\u00E9") == json("\"\u00E9\"", "E9", "windows-1252"));
+  CHECK(shown("ascii", "\u00E9") == json("\"?\"", "3F", "ascii"));
+  CHECK(shown("none", "\u00E9") == json("\"\u00E9\"", "C3A9", "none"));
+  CHECK(shown("macroman", "hex:8E") == json("\"\u00E9\"", "8E", "macroman"));
+  CHECK(shown("utf-8", "hex:FF") == json("null", "FF", "utf-8"));
+}
+
+TEST_CASE("results of every type, into a pipe and on a terminal") {
+  const struct {
+    Words words;
+    std::string piped;
+    std::string onTerminal;
+  } kCases[] = {
+      {{"call", "returnsTheArgument", "x\n"}, "x\n", "x\n\n"},
+      {{"call", "returnsTheArgument", "hex:00FF"}, "\0\xFF"s, "hex:00FF\n"},
+      {{"call", "returnsTheArgument", "hex:1B5B"}, "\x1B[", "hex:1B5B\n"},
+      {{"call", "returnsTheArgument", "\u00E9", "--encoding", "utf-16"}, "\xE9\0"s, "\u00E9\n"},
+      {{"call", "returnsTheArgument", "\u00E9", "--encoding", "utf-16", "--output", "raw"}, "\xE9\0"s, "\xE9\0"s},
+      {{"call", "returnsTheArgument", "\u00E9", "--output", "hex"}, "C3A9", "C3A9\n"},
+      {{"call", "returnsTheArgument", ""}, "", ""},
+      {{"call", "returnsTheBlock", "hex:00"}, "\0"s, "hex:00\n"},
+      {{"call", "returnsTheBlock", "nil"}, "", ""},
+      {{"call", "half", "a", "b"}, "0.5", "0.5\n"},
+      {{"call", "half", "a", "b", "--output", "hex"}, "0.5", "0.5\n"},
+      {{"call", "isNull", ""}, "true", "true\n"},
+      {{"call", "isNull", "x"}, "false", "false\n"},
+      {{"call", "isAtOddAddress", "x"}, "0", "0\n"},
+      {{"call", "isNull", "x", "--output", "json"},
+       "{\"type\":\"boolean\",\"value\":false,\"exception\":null}\n",
+       "{\"type\":\"boolean\",\"value\":false,\"exception\":null}\n"},
+      {{"call", "returnsTheBlock", "nil", "--output", "json"},
+       "{\"type\":\"memoryblock\",\"value\":\"\",\"hex\":\"\",\"null\":true,\"same_argument\":null,\"exception\":null}"
+       "\n",
+       "{\"type\":\"memoryblock\",\"value\":\"\",\"hex\":\"\",\"null\":true,\"same_argument\":null,\"exception\":null}"
+       "\n"},
+  };
+  for (const auto& c : kCases) {
+    CAPTURE(c.words[2]);
+    CHECK(ran(c.words).out == c.piped);
+    const Run onTerminal = ran(c.words, true);
+    CHECK(onTerminal.out == c.onTerminal);
+    CHECK(onTerminal.err == "");
+    CHECK(onTerminal.status == kDone);
+  }
+}
+
+TEST_CASE("exceptions and broken rules go to standard error") {
+  const Run raised = ran({"call", "raisesTwice", "x"});
+  CHECK(raised.out == "");
+  CHECK(raised.err == "OutOfMemoryException: OutOfMemoryException\n");
+  CHECK(raised.status == kRaised);
+  CHECK(ran({"call", "raisesTwice", "x", "--output", "json"})
+            .out.find(R"("exception":{"class":"OutOfMemoryException","message":"OutOfMemoryException","number":7})") !=
+        std::string::npos);
+  const Run leaked = ran({"call", "forgetsAString", "x"});
+  CHECK(leaked.err ==
+        "stringhost: the plugin broke a rule of the host: string of 9 bytes in encoding 0xFFFF leaked, with "
+        "references: 1\n");
+  CHECK(leaked.status == kUnbalanced);
+}
+
+TEST_CASE("the host is the one asked for") {
+  CHECK(ran({"call", "readsTheLength", "abc", "--host-version", "2015.4"}).out == "3");
+  CHECK(ranOnBuilt({"call", "NativeStringZQV", "abc"}).out == "abc");
+  CHECK(ranOnBuilt({"call", "NativeStringZQV", "abc", "--without", "REALConvertString"}).out == "");
+}
+
+TEST_CASE("a call is repeated as often as asked, and timed") {
+  const Run result = ran({"call", "counts", "x", "--repeat", "100"});
+  CHECK(result.out == "100");
+  CHECK(result.err.find("100 calls, ") == 0);
+  CHECK(ran({"call", "counts", "x"}).err == "");
+}
+
+TEST_CASE("list shows what was registered") {
+  CHECK(ran({"list", "half"}).out == "half(a as string, b as string) as double\n");
+  CHECK(ran({"list", "IS*L"}).out == "isNull(s as string) as boolean\n");
+  CHECK(ran({"list", "h?lf"}).out == ran({"list", "half"}).out);
+  CHECK(ran({"list", "--json", "showsArguments"}).out == R"([
+  {
+    "name": "showsArguments",
+    "declaration": "showsArguments(number as integer=-3, flag as boolean = true) as string",
+    "parameters": [
+      {
+        "name": "number",
+        "type": "integer",
+        "default": "-3"
+      },
+      {
+        "name": "flag",
+        "type": "boolean",
+        "default": "true"
+      }
+    ],
+    "result": "string"
+  }
+]
+)");
+  const std::string all = ranOnBuilt({"list"}).out;
+  CHECK(std::count(all.begin(), all.end(), '\n') == 50);
+}
+
+TEST_CASE("help and version") {
+  CHECK(ran({"--version"}).out == "stringhost " STRINGHOST_VERSION "\n");
+  for (const Words& words :
+       {Words{"--help"}, {"list", "--help"}, {"call", "-h"}, {"call", "half", "--help"}, {"tour", "--help"}}) {
+    const Run result = ran(words);
+    CHECK(result.out.find("Usage: stringhost") != std::string::npos);
+    CHECK(result.err == "");
+    CHECK(result.status == kDone);
+  }
+}
+
+TEST_CASE("the tour runs to its end") {
+  const Run result = ranOnBuilt({"tour"});
+  CHECK(result.err == "");
+  CHECK(result.status == kDone);
+  CHECK(result.out.find("$ stringhost call UnicodeStringZQV \u00E9 --output json\n{\"type\":\"string\"") !=
+        std::string::npos);
+}
+
+TEST_CASE("command lines are split as a shell splits them") {
+  const auto split = [](const char* line) {
+    std::string joined;
+    const auto words = shellWords(line);
+    if (!words) return "unclosed"s;
+    for (const std::string& word : *words) joined += "<" + word + ">";
+    return joined;
+  };
+  CHECK(split("  a  b\t") == "<a><b>");
+  CHECK(split(R"(a'b c'd "e \" \x" '')") == R"(<ab cd><e " \x><>)");
+  CHECK(split(R"(a\ b \' '\')") == R"(<a b><'><\>)");
+  CHECK(split("'a") == "unclosed");
+}
+
+TEST_CASE("the nearest name") {
+  const Words names = {"EncodingToHexZQV", "EncodingToURLZQV", "_yDecodeStringZQV"};
+  CHECK(hintFor("encodingtohex", names) == "did you mean EncodingToHexZQV?");
+  CHECK(hintFor("EncodingToUrlZQC", names) == "did you mean EncodingToURLZQV?");
+  CHECK(hintFor("yDecodeString", names) == "did you mean _yDecodeStringZQV?");
+  CHECK(hintFor("banana", names) == "");
+  CHECK(hintFor("x", {}) == "");
+}
+
+}  // namespace
+}  // namespace stringhost
