@@ -92,7 +92,8 @@ double similarity(const Matches& matches, Utf32View a, Utf32View b) noexcept {
   const double k = static_cast<double>(matches.count);
   const double n = static_cast<double>(a.size());
   const double m = static_cast<double>(b.size());
-  const double inOrder = static_cast<double>(matches.count - matches.outOfOrder / 2);
+  const std::size_t transpositions = matches.outOfOrder / 2;
+  const double inOrder = static_cast<double>(matches.count - transpositions);
   return ((k / m + k / n) + inOrder / k) / 3.0;
 }
 

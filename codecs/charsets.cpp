@@ -1,14 +1,14 @@
 /// The plain form of the single-byte character sets, and the choice between the forms.
 #include "codecs/charsets.h"
 
-std::int64_t charsets::scalar::encode(Utf16View text, const CharacterSet& set, ByteSpan bytes) noexcept {
+std::size_t charsets::scalar::encode(Utf16View text, const CharacterSet& set, ByteSpan bytes) noexcept {
   std::uint8_t* out = bytes.data();
   for (const char16_t unit : text) {
     const std::uint8_t byte = set.byteOf(unit);
     *out = byte;
     out += static_cast<int>(byte != 0) | static_cast<int>(unit == 0);  // byte 0 stands for U+0000 in every set
   }
-  return out - bytes.data();
+  return static_cast<std::size_t>(out - bytes.data());
 }
 
 void charsets::scalar::decode(ByteView bytes, const CharacterSet& set, std::span<char16_t> text) noexcept {
@@ -16,7 +16,7 @@ void charsets::scalar::decode(ByteView bytes, const CharacterSet& set, std::span
   for (const std::uint8_t byte : bytes) *out++ = set.characters[byte];
 }
 
-std::int64_t charsets::encode(Utf16View text, const CharacterSet& set, ByteSpan bytes) noexcept {
+std::size_t charsets::encode(Utf16View text, const CharacterSet& set, ByteSpan bytes) noexcept {
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::encode(text, set, bytes);
 #endif

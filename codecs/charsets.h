@@ -6,6 +6,7 @@
 
 #include "codecs/character_set.h"
 #include "memory/byte_view.h"
+#include "memory/limits.h"
 #include "wide/cpu.h"
 
 namespace charsets {
@@ -13,8 +14,8 @@ namespace charsets {
 /// Texts of fewer code units than this are not encoded.
 inline constexpr std::int64_t kMinEncodedUnits = 3;
 
-/// Room for encoding: one byte for each code unit.
-[[nodiscard]] constexpr std::int64_t encodedBound(std::int64_t unitCount) noexcept { return unitCount; }
+/// Room for encoding: one byte for each code unit, and whole vectors.
+[[nodiscard]] constexpr std::int64_t encodedBound(std::int64_t unitCount) noexcept { return withOverrun(unitCount); }
 
 /// What the limit on sizes binds on: two bytes reserved for each code unit, and the 15 that a growable buffer needs
 /// for itself.
@@ -23,7 +24,7 @@ inline constexpr std::int64_t kMinEncodedUnits = 3;
 /// Writes the byte of each code unit that the set has, and nothing for the others, surrogates among them.
 /// @param bytes  at least `encodedBound` long
 /// @return the number of bytes written
-[[nodiscard]] std::int64_t encode(Utf16View text, const CharacterSet& set, ByteSpan bytes) noexcept;
+[[nodiscard]] std::size_t encode(Utf16View text, const CharacterSet& set, ByteSpan bytes) noexcept;
 
 /// Size of the decoded text in bytes.
 [[nodiscard]] constexpr std::int64_t decodedSize(std::int64_t byteCount) noexcept { return 2 * byteCount; }
@@ -37,13 +38,13 @@ inline constexpr std::int64_t kMinEncodedUnits = 3;
 void decode(ByteView bytes, const CharacterSet& set, std::span<char16_t> text) noexcept;
 
 namespace scalar {
-[[nodiscard]] std::int64_t encode(Utf16View text, const CharacterSet& set, ByteSpan bytes) noexcept;
+[[nodiscard]] std::size_t encode(Utf16View text, const CharacterSet& set, ByteSpan bytes) noexcept;
 void decode(ByteView bytes, const CharacterSet& set, std::span<char16_t> text) noexcept;
 }  // namespace scalar
 
 #ifdef WIDE_AVX2
 namespace avx2 {
-[[nodiscard]] std::int64_t encode(Utf16View text, const CharacterSet& set, ByteSpan bytes) noexcept;
+[[nodiscard]] std::size_t encode(Utf16View text, const CharacterSet& set, ByteSpan bytes) noexcept;
 void decode(ByteView bytes, const CharacterSet& set, std::span<char16_t> text) noexcept;
 }  // namespace avx2
 #endif

@@ -116,7 +116,7 @@ AVX2_FUNCTION inline void storeBlock(char16_t* to, const DecodedBlock& block) no
 
 }  // namespace
 
-AVX2_FUNCTION std::int64_t charsets::avx2::encode(Utf16View text, const CharacterSet& set, ByteSpan bytes) noexcept {
+AVX2_FUNCTION std::size_t charsets::avx2::encode(Utf16View text, const CharacterSet& set, ByteSpan bytes) noexcept {
   const char16_t* in = text.data();
   std::size_t left = text.size();
   std::uint8_t* out = bytes.data();
@@ -130,14 +130,14 @@ AVX2_FUNCTION std::int64_t charsets::avx2::encode(Utf16View text, const Characte
       out = wide::storeKept(out, block.bytes, block.found);
     }
   }
-  if (left == 0) return out - bytes.data();
+  if (left == 0) return static_cast<std::size_t>(out - bytes.data());
   const auto* const rest = reinterpret_cast<const std::uint8_t*>(in);
   const std::size_t restSize = 2 * left;
   const __m256i front = wide::loadUpTo32(rest, restSize < 32 ? restSize : 32);
   const __m256i back = restSize > 32 ? wide::loadUpTo32(rest + 32, restSize - 32) : _mm256_setzero_si256();
   const EncodedBlock block = encoded(front, back, set);
   out = wide::storeKept(out, block.bytes, wide::below(block.found, static_cast<unsigned>(left)));
-  return out - bytes.data();
+  return static_cast<std::size_t>(out - bytes.data());
 }
 
 AVX2_FUNCTION void charsets::avx2::decode(ByteView bytes, const CharacterSet& set, std::span<char16_t> text) noexcept {

@@ -18,8 +18,8 @@ inline constexpr int kEscapeOverrun = 16;
 
 [[nodiscard]] constexpr EscapedByte literal(std::uint8_t character) noexcept { return {{character}, 1}; }
 
-[[nodiscard]] constexpr EscapedByte hexEscape(std::uint8_t byte) noexcept {
-  return {{'=', kHexDigits[byte >> 4], kHexDigits[byte & 0x0F]}, 3};
+[[nodiscard]] constexpr EscapedByte hexEscape(std::uint8_t byte, std::uint8_t mark = '=') noexcept {
+  return {{mark, kHexDigits[byte >> 4], kHexDigits[byte & 0x0F]}, 3};
 }
 
 /// Writes the text and returns its end. Touches four bytes, whatever the length.

@@ -1,6 +1,6 @@
 /// yEnc in vectors of 32 bytes.
+#include "codecs/escape_pairs.h"
 #include "codecs/yenc.h"
-#include "codecs/yenc_escapes.h"
 #include "wide/compaction.h"
 #include "wide/vectors.h"
 
@@ -62,7 +62,7 @@ AVX2_FUNCTION std::size_t yenc::avx2::decode(ByteView data, ByteSpan bytes) noex
       out += kVector - _mm_popcnt_u32(marks);
       carried = marks >> 31;
     } else {
-      const Escapes<std::uint32_t> escapes = pairedOff(marks, carried);
+      const EscapePairs<std::uint32_t> escapes = pairedOff(marks, carried);
       const __m256i escaped = _mm256_and_si256(wide::bytesOfBits(escapes.escaped), all(kEscapedShift));
       const __m256i shifted = _mm256_sub_epi8(vector, _mm256_add_epi8(escaped, all(kShift)));
       out = wide::storeKept(out, shifted, ~escapes.escaping);

@@ -6,18 +6,18 @@
 #include <bit>
 #include <immintrin.h>
 
-#include "codecs/yenc_escapes.h"
+#include "codecs/escape_pairs.h"
 
 namespace {
 
-using Escapes = yenc::Escapes<std::uint64_t>;
+using Escapes = EscapePairs<std::uint64_t>;
 
 constexpr std::ptrdiff_t kVector = 64;
 
 AVX512_FUNCTION inline __m512i all(std::uint8_t byte) noexcept { return _mm512_set1_epi8(static_cast<char>(byte)); }
 
 AVX512_FUNCTION inline Escapes escapesIn(__m512i vector, std::uint64_t carried) noexcept {
-  return yenc::pairedOff<std::uint64_t>(_mm512_cmpeq_epi8_mask(vector, all(yenc::kEscape)), carried);
+  return pairedOff<std::uint64_t>(_mm512_cmpeq_epi8_mask(vector, all(yenc::kEscape)), carried);
 }
 
 /// The decoded bytes of a vector, moved together.

@@ -48,7 +48,7 @@ inline constexpr std::array<std::uint64_t, 256> kMoveTogether = [] {
   const __m128i moved = movedTogetherByHalves(bytes, keep);
   _mm_storel_epi64(reinterpret_cast<__m128i*>(to), moved);
   to += std::popcount(keep & 0xFF);
-  _mm_storeh_pd(reinterpret_cast<double*>(to), _mm_castsi128_pd(moved));
+  _mm_storeh_pi(reinterpret_cast<__m64*>(to), _mm_castsi128_ps(moved));
   return to + std::popcount(keep >> 8 & 0xFF);
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "memory/limits.h"
 #include "tests/reference/hex.h"
 #include "tests/support/placed_bytes.h"
 #include "tests/support/random_bytes.h"
@@ -67,6 +68,11 @@ TEST_CASE("hex: examples of decoding") {
     CAPTURE(c.name);
     CHECK(decoded(c.text) == c.bytes);
   }
+}
+
+TEST_CASE("hex: the longest input whose digits can be had") {
+  CHECK(hex::encodedSize(0x3FFF'FFFF) <= kMaxSize);
+  CHECK(hex::encodedSize(0x4000'0000) > kMaxSize);
 }
 
 TEST_CASE("hex: every pair of characters decodes as the reference says") {

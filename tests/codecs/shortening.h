@@ -9,10 +9,12 @@
 
 using ShorteningKernel = std::size_t (*)(ByteView, ByteSpan) noexcept;
 
-/// What a kernel makes of an input of exactly this length, at an alignment. It may write as many bytes as it reads.
-inline std::string shortened(ShorteningKernel kernel, std::string_view input, std::size_t offset = 0) {
+/// What a kernel makes of an input of exactly this length, at an alignment. It may write as many bytes as it reads,
+/// and `room` more.
+inline std::string shortened(ShorteningKernel kernel, std::string_view input, std::size_t offset = 0,
+                             std::size_t room = 0) {
   const PlacedBytes in(input, offset % 32);
-  const PlacedBytes out(input.size(), offset / 32);
+  const PlacedBytes out(input.size() + room, offset / 32);
   const std::size_t length = kernel(in.span(), out.span());
   CHECK(out.marginsIntact());
   REQUIRE(length <= input.size());

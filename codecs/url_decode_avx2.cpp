@@ -1,0 +1,105 @@
+/// Percent-decoding in vectors of 32 bytes.
+#include "codecs/url.h"
+
+#ifdef WIDE_AVX2
+
+#include "codecs/hex_digits_avx2.h"
+#include "wide/compaction.h"
+#include "wide/partial_vector.h"
+#include "wide/vectors.h"
+
+namespace {
+
+using wide::all;
+using wide::kVector;
+using wide::load;
+
+constexpr unsigned kEscapeSize = 3;
+
+/// Of the "%" among 32 bytes, a bit each, those that begin an escape: from the left, one among the two characters of
+/// an escape doesn't.
+constexpr std::uint32_t escapeStarts(std::uint32_t marks) noexcept {
+  if ((marks & (marks << 1 | marks << 2)) == 0) return marks;
+  std::uint32_t starts = 0;
+  while (marks != 0) {
+    const std::uint32_t first = marks & (0 - marks);
+    starts |= first;
+    marks &= ~(first * 0b111);
+  }
+  return starts;
+}
+
+static_assert(escapeStarts(0b0100'1001) == 0b0100'1001 && escapeStarts(0b1001'1111) == 0b1000'1001);
+
+/// Bytes from one position of the text on, and from the two after it.
+struct Text {
+  __m256i bytes;
+  __m256i second;
+  __m256i third;
+};
+
+AVX2_FUNCTION inline std::uint32_t marksIn(__m256i bytes) noexcept {
+  return wide::bits(_mm256_cmpeq_epi8(bytes, all('%')));
+}
+
+/// The last bytes of the text, followed by zeros.
+AVX2_FUNCTION inline Text lastText(__m256i bytes) noexcept {
+  const __m256i upperHalf = _mm256_permute2x128_si256(bytes, bytes, 0x81);
+  return {bytes, _mm256_alignr_epi8(upperHalf, bytes, 1), _mm256_alignr_epi8(upperHalf, bytes, 2)};
+}
+
+AVX2_FUNCTION inline __m256i withSpaces(__m256i bytes, __m256i plus) noexcept {
+  return _mm256_blendv_epi8(bytes, plus, _mm256_cmpeq_epi8(bytes, all('+')));
+}
+
+/// The bytes with the byte it stands for in place of each escape's "%".
+AVX2_FUNCTION inline __m256i decoded(const Text& text, __m256i plus, std::uint32_t starts) noexcept {
+  const __m256i high = _mm256_slli_epi16(avx2::hexValues(text.second), 4);
+  const __m256i values = _mm256_or_si256(high, avx2::hexValues(text.third));
+  return _mm256_blendv_epi8(withSpaces(text.bytes, plus), values, wide::bytesOfBits(starts));
+}
+
+/// The bytes that belong to the "%" before them, those of the next vector included.
+constexpr std::uint64_t digitsOf(std::uint32_t starts) noexcept { return std::uint64_t{starts} * 0b110; }
+
+}  // namespace
+
+AVX2_FUNCTION std::size_t url::avx2::decode(ByteView text, Options options, ByteSpan bytes) noexcept {
+  const __m256i plus = all(options.readsPlusAsSpace() ? ' ' : '+');
+  const std::uint8_t* in = text.data();
+  std::size_t left = text.size();
+  std::uint8_t* out = bytes.data();
+  std::uint64_t carried = 0;  // the bytes that belong to the last escape of the vector before
+  for (; left >= kVector + kEscapeSize - 1; left -= kVector) {
+    const Text block{load(in), load(in + 1), load(in + 2)};
+    const std::uint64_t marks = marksIn(block.bytes);
+    in += kVector;
+    if ((marks | carried) == 0) {
+      wide::store(out, withSpaces(block.bytes, plus));
+      out += kVector;
+      continue;
+    }
+    const std::uint32_t starts = escapeStarts(static_cast<std::uint32_t>(marks & ~carried));
+    const std::uint64_t dropped = digitsOf(starts) | carried;
+    out = wide::storeKept(out, decoded(block, plus, starts), static_cast<std::uint32_t>(~dropped));
+    carried = dropped >> kVector;
+  }
+  while (left != 0) {
+    const Text block = lastText(wide::loadUpTo32(in, left < kVector ? left : kVector));
+    // Where one more byte follows, the last two of the vector are left for the next round.
+    const std::size_t count = left <= kVector ? left : kVector - (kEscapeSize - 1);
+    in += count;
+    left -= count;
+    const auto marks = wide::below(marksIn(block.bytes), static_cast<unsigned>(count));
+    const std::uint32_t starts = escapeStarts(static_cast<std::uint32_t>(marks & ~carried));
+    const std::uint64_t dropped = digitsOf(starts) | carried;
+    const std::uint32_t kept = wide::below(static_cast<std::uint32_t>(~dropped), static_cast<unsigned>(count));
+    const bool hasRoom = bytes.data() + bytes.size() - out >= kVector;
+    const __m256i result = decoded(block, plus, starts);
+    out = hasRoom ? wide::storeKept(out, result, kept) : wide::storeKeptOnly(out, result, kept);
+    carried = dropped >> count;
+  }
+  return static_cast<std::size_t>(out - bytes.data());
+}
+
+#endif  // WIDE_AVX2

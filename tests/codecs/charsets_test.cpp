@@ -1,0 +1,171 @@
+/// Single-byte character sets.
+#include "codecs/charsets.h"
+
+#include <doctest/doctest.h>
+
+#if __has_include(<iconv.h>)
+#define HAS_ICONV
+#include <iconv.h>
+#endif
+
+#include <cstring>
+
+#include "memory/limits.h"
+#include "tests/reference/charsets.h"
+#include "tests/support/placed_bytes.h"
+#include "tests/support/random_bytes.h"
+
+using namespace std::string_view_literals;
+
+namespace {
+
+using Encode = std::size_t (*)(Utf16View, const CharacterSet&, ByteSpan) noexcept;
+using Decode = void (*)(ByteView, const CharacterSet&, std::span<char16_t>) noexcept;
+
+/// Places the units at an alignment of 2, and offers exactly the given room beyond one byte for each.
+std::string encoded(std::u16string_view text, const CharacterSet& set, Encode kernel = charsets::encode,
+                    std::size_t offset = 0) {
+  const std::string_view units{reinterpret_cast<const char*>(text.data()), 2 * text.size()};
+  const PlacedBytes in(units, offset % 16 * 2);
+  const PlacedBytes out(static_cast<std::size_t>(charsets::encodedBound(std::ssize(text))), offset / 16);
+  const auto* const start = reinterpret_cast<const char16_t*>(in.span().data());
+  const std::size_t length = kernel({start, text.size()}, set, out.span());
+  CHECK(out.marginsIntact());
+  REQUIRE(length <= text.size());
+  return out.text().substr(0, length);
+}
+
+std::u16string decoded(std::string_view bytes, const CharacterSet& set, Decode kernel = charsets::decode,
+                       std::size_t offset = 0) {
+  const PlacedBytes in(bytes, offset / 16);
+  const PlacedBytes out(2 * bytes.size(), offset % 16 * 2);
+  kernel(in.span(), set, {reinterpret_cast<char16_t*>(out.span().data()), bytes.size()});
+  CHECK(out.marginsIntact());
+  std::u16string text(bytes.size(), u'\0');
+  if (!text.empty()) std::memcpy(text.data(), out.span().data(), out.span().size());
+  return text;
+}
+
+std::string everyByte() {
+  std::string bytes(256, '\0');
+  for (std::size_t byte = 0; byte < bytes.size(); ++byte) bytes[byte] = static_cast<char>(byte);
+  return bytes;
+}
+
+std::u16string everyUnit() {
+  std::u16string units(0x10000, u'\0');
+  for (std::size_t unit = 0; unit < units.size(); ++unit) units[unit] = static_cast<char16_t>(unit);
+  return units;
+}
+
+struct Case {
+  const char* name;
+  const CharacterSet& set;
+  std::u16string_view text;
+  std::string_view bytes;
+};
+
+const Case kEncoding[] = {
+    {"nothing", kISO8859, u"", ""},
+    {"Latin letters", kISO8859, u"éaé", "\xE9\x61\xE9"},
+    {"a character outside the set vanishes", kISO8859, u"a€bc", "abc"},
+    {"a character inside the set", kCP1252, u"a€b", "\x61\x80\x62"},
+    {"surrogates vanish", kCP1252, u"x\U0001F600yz", "xyz"},
+    {"U+0000 is the first zero byte", kCP1252, u"a\0b"sv, "a\0b"sv},
+    {"control characters of the one set", kISO8859, u"\x80\x9F", "\x80\x9F"},
+    {"are none of the other", kCP1252, u"\x80\x81\x9F", ""},
+};
+
+void agreesWithTwin(Encode encode, Decode decode) {
+  RandomBytes random(1252);
+  constexpr std::u16string_view kAlphabets[] = {u"plain text", u"é€’\x81\x152œ", u"漢字", u"aé漢", u"ÿ\0\x9F–"sv};
+  for (const CharacterSet* const set : {&kISO8859, &kCP1252}) {
+    CHECK(encoded(everyUnit(), *set, encode) == reference::charsetEncoded(everyUnit(), set->characters));
+    for (std::size_t length = 0; length <= 200; ++length) {
+      CAPTURE(length);
+      const std::string bytes = random(length);
+      CHECK(decoded(bytes, *set, decode, random.below(512)) == reference::charsetDecoded(bytes, set->characters));
+      for (const std::u16string_view alphabet : kAlphabets) {
+        std::u16string text(length, u'\0');
+        for (char16_t& unit : text) unit = alphabet[random.below(alphabet.size())];
+        CHECK(encoded(text, *set, encode, random.below(512)) == reference::charsetEncoded(text, set->characters));
+      }
+    }
+  }
+}
+
+#ifdef HAS_ICONV
+/// A character set of the C library. Where only another platform's library is at hand it may have none.
+class Converter {
+ public:
+  explicit Converter(const char* set) : converter_(iconv_open("UTF-16LE", set)) {}
+  ~Converter() {
+    if (*this) iconv_close(converter_);
+  }
+  Converter(const Converter&) = delete;
+  Converter& operator=(const Converter&) = delete;
+
+  explicit operator bool() const { return converter_ != reinterpret_cast<iconv_t>(-1); }
+
+  /// What the byte stands for; U+0000 when it is undefined.
+  [[nodiscard]] std::u16string read(char byte) const {
+    char16_t unit = 0;
+    char* in = &byte;
+    char* out = reinterpret_cast<char*>(&unit);
+    std::size_t inLeft = 1;
+    std::size_t outLeft = sizeof unit;
+    iconv(converter_, &in, &inLeft, &out, &outLeft);
+    return {unit};
+  }
+
+ private:
+  iconv_t converter_;
+};
+#endif
+
+}  // namespace
+
+TEST_CASE("charsets: examples of encoding") {
+  for (const Case& c : kEncoding) {
+    CAPTURE(c.name);
+    CHECK(encoded(c.text, c.set) == c.bytes);
+  }
+}
+
+TEST_CASE("charsets: the longest inputs that are taken") {
+  CHECK(charsets::encodingReserve(1'073'741'816) <= kMaxSize);
+  CHECK(charsets::encodingReserve(1'073'741'817) > kMaxSize);
+  for (const std::int64_t byteCount : {1'073'741'807, 1'073'741'808}) {
+    CHECK((charsets::decodingReserve(byteCount) <= kMaxSize) == reference::growsWithinLimit(byteCount));
+  }
+}
+
+TEST_CASE("charsets: decoding, then encoding, gives the bytes back but for undefined ones") {
+  CHECK(encoded(decoded(everyByte(), kISO8859), kISO8859) == everyByte());
+  std::string expected = everyByte();
+  for (const char undefined : "\x81\x8D\x8F\x90\x9D"sv) expected[static_cast<unsigned char>(undefined)] = '\0';
+  CHECK(encoded(decoded(everyByte(), kCP1252), kCP1252) == expected);
+}
+
+#ifdef HAS_ICONV
+TEST_CASE("charsets: the tables are those of the C library") {
+  const Converter latin("ISO-8859-1");
+  const Converter windows("WINDOWS-1252");
+  if (!latin || !windows) return;
+  for (const char byte : everyByte()) {
+    CAPTURE(byte);
+    CHECK(decoded({&byte, 1}, kISO8859) == latin.read(byte));
+    CHECK(decoded({&byte, 1}, kCP1252) == windows.read(byte));
+  }
+}
+#endif
+
+TEST_CASE("charsets: the plain forms agree with the naive twins") {
+  agreesWithTwin(charsets::scalar::encode, charsets::scalar::decode);
+}
+
+#ifdef WIDE_AVX2
+TEST_CASE("charsets: the wide forms agree with the naive twins") {
+  if (cpu::hasAvx2()) agreesWithTwin(charsets::avx2::encode, charsets::avx2::decode);
+}
+#endif

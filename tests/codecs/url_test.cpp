@@ -1,0 +1,152 @@
+/// Percent-encoding and decoding.
+#include "codecs/url.h"
+
+#include <doctest/doctest.h>
+
+#include "memory/limits.h"
+#include "tests/codecs/shortening.h"
+#include "tests/reference/url.h"
+#include "tests/support/random_bytes.h"
+
+using namespace std::string_view_literals;
+
+namespace {
+
+using Kernel = std::size_t (*)(ByteView, url::Options, ByteSpan) noexcept;
+
+std::string run(Kernel kernel, std::string_view input, int options, std::size_t room, std::size_t offset) {
+  const PlacedBytes in(input, offset % 32);
+  const PlacedBytes out(room, offset / 32);
+  const std::size_t length = kernel(in.span(), url::Options(options), out.span());
+  CHECK(out.marginsIntact());
+  REQUIRE(length <= room);
+  return out.text().substr(0, length);
+}
+
+std::string encoded(std::string_view bytes, int options, Kernel kernel = url::encode, std::size_t offset = 0) {
+  return run(kernel, bytes, options, static_cast<std::size_t>(url::encodingReserve(std::ssize(bytes))), offset);
+}
+
+std::string decoded(std::string_view text, int options, Kernel kernel = url::decode, std::size_t offset = 0,
+                    std::size_t room = 0) {
+  return run(kernel, text, options, text.size() + room, offset);
+}
+
+struct Case {
+  const char* name;
+  int options;
+  std::string_view input;
+  std::string_view output;
+};
+
+constexpr Case kEncoding[] = {
+    {"nothing", 0, "", ""},
+    {"spaces and plus signs", 0, "a b+c", "a%20b+c"},
+    {"spaces as plus signs", 1, "a b+c", "a+b%2Bc"},
+    {"plus signs escaped", 2, "a b+c", "a%20b%2Bc"},
+    {"both bits are as none", 3, "a b+c", "a%20b+c"},
+    {"higher bits don't count", -3, "a b+c", "a+b%2Bc"},
+    {"a tilde", 0, "~", "%7E"},
+    {"what is not escaped", 0, "!*-.@_azAZ09", "!*-.@_azAZ09"},
+    {"upper-case digits", 0, "\xC3\xA9", "%C3%A9"},
+    {"neighbours of what is not escaped", 0, "/:?[`{\0\x7F"sv, "%2F%3A%3F%5B%60%7B%00%7F"},
+};
+
+constexpr Case kDecoding[] = {
+    {"nothing", 0, "", ""},
+    {"a plus sign stays", 0, "a+b%20c", "a+b c"},
+    {"a plus sign stays", 2, "a+b%20c", "a+b c"},
+    {"a plus sign is a space", 1, "a+b%20c", "a b c"},
+    {"a plus sign is a space", 3, "a+b%20c", "a b c"},
+    {"an escaped plus sign is one", 1, "%2B+", "+ "},
+    {"digits of both cases", 0, "%41%62%e9%E9%4g", "Ab\xE9\xE9\x40"},
+    {"characters that are no digits", 0, "%zz%G1", "\0\x01"sv},
+    {"a percent sign as a digit", 0, "%%41",
+     "\x04"
+     "1"},
+    {"a plus sign as a digit", 1, "%+1%1+", "\x01\x10"},
+    {"no digits at the end", 0, "a%", "a\0"sv},
+    {"one digit at the end", 0, "a%4", "a@"},
+};
+
+void encodesAsTwin(Kernel kernel) {
+  RandomBytes random(3986);
+  for (std::size_t length = 0; length <= 200; ++length) {
+    CAPTURE(length);
+    for (int options = 0; options < 4; ++options) {
+      const std::string alphabets[] = {"plain", "a b+c/d", " \xE9", "\xC3\xA9\xE2\x82\xAC", "+x", random(40)};
+      for (const std::string& alphabet : alphabets) {
+        const std::string bytes = random.of(alphabet, length);
+        CHECK(encoded(bytes, options, kernel, random.below(1024)) == reference::urlEncoded(bytes, options));
+      }
+    }
+  }
+}
+
+void decodesAsTwin(Kernel kernel) {
+  RandomBytes random(3987);
+  for (std::size_t length = 0; length <= 200; ++length) {
+    CAPTURE(length);
+    for (int options = 0; options < 4; ++options) {
+      const std::string alphabets[] = {"plain+", "%", "some text and few escapes%", "%41+", "%%0aF", random(40) + '%'};
+      for (const std::string& alphabet : alphabets) {
+        const std::string text = random.of(alphabet, length);
+        const std::string expected = reference::urlDecoded(text, options);
+        CHECK(decoded(text, options, kernel, random.below(1024)) == expected);
+        CHECK(decoded(text, options, kernel, random.below(1024), 64) == expected);
+      }
+      // With both bits set a "+" is written as it is, but read as a space.
+      const std::string bytes = random(length);
+      if (options != 3) CHECK(decoded(reference::urlEncoded(bytes, options), options, kernel) == bytes);
+    }
+  }
+}
+
+}  // namespace
+
+TEST_CASE("url: examples of encoding") {
+  for (const Case& c : kEncoding) {
+    CAPTURE(c.name);
+    CHECK(encoded(c.input, c.options) == c.output);
+  }
+}
+
+TEST_CASE("url: examples of decoding") {
+  for (const Case& c : kDecoding) {
+    CAPTURE(c.name);
+    CHECK(decoded(c.input, c.options) == c.output);
+  }
+}
+
+TEST_CASE("url: the longest inputs that are taken, whatever their bytes") {
+  CHECK(url::encodedBound(715'827'879) == kMaxSize);
+  CHECK(url::encodedBound(715'827'880) > kMaxSize);
+  CHECK(url::decodedBound(kMaxSize) == kMaxSize);
+}
+
+TEST_CASE("url: every byte by every choice of options, in a vector and alone") {
+  for (int byte = 0; byte < 256; ++byte) {
+    CAPTURE(byte);
+    const std::string one(1, static_cast<char>(byte));
+    const std::string many(32, static_cast<char>(byte));
+    for (int options = 0; options < 4; ++options) {
+      CHECK(encoded(one, options) == reference::urlEncoded(one, options));
+      CHECK(encoded(many, options) == reference::urlEncoded(many, options));
+      const std::string escape = "%" + one + "7";
+      CHECK(decoded(escape, options) == reference::urlDecoded(escape, options));
+    }
+  }
+}
+
+TEST_CASE("url: the plain forms agree with the naive twins") {
+  encodesAsTwin(url::scalar::encode);
+  decodesAsTwin(url::scalar::decode);
+}
+
+#ifdef WIDE_AVX2
+TEST_CASE("url: the wide forms agree with the naive twins") {
+  if (!cpu::hasAvx2()) return;
+  encodesAsTwin(url::avx2::encode);
+  decodesAsTwin(url::avx2::decode);
+}
+#endif

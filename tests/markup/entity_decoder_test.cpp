@@ -1,0 +1,115 @@
+#include "markup/entity_decoder.h"
+
+#include <doctest/doctest.h>
+
+#include "tests/markup/markup_text.h"
+#include "tests/reference/markup.h"
+
+namespace {
+
+using namespace std::string_view_literals;
+using markup_text::Placed;
+
+using Kernel = std::size_t (*)(Utf32View, std::span<char32_t>) noexcept;
+
+std::u32string decoded(Kernel kernel, std::u32string_view text, std::size_t offset = 0) {
+  const Placed input(text, offset);
+  const Placed output(text.size(), offset / 2);
+  const std::size_t size = kernel(input.span(), output.span());
+  REQUIRE(size <= text.size());
+  CHECK(output.marginsIntact());
+  return {output.span().data(), size};
+}
+
+struct Case {
+  const char* name;
+  std::u32string_view text;
+  std::u32string_view decoded;
+};
+
+constexpr Case kCases[] = {
+    {"nothing", U"", U""},
+    {"named references", U"&lt;b&gt; caf&eacute; &euro;&nbsp;&apos;", U"<b> caf\xE9 \x20AC\xA0'"},
+    {"case matters", U"&Dagger;&dagger;&DAGGER;&EURO;", U"\x2021\x2020&DAGGER;&EURO;"},
+    {"the longest name", U"&thetasym;", U"\x3D1"},
+    {"beginnings of names", U"&l;&a;&thetas;", U"&l;&a;&thetas;"},
+    {"a name and U+0000", U"&lt\0;&l\0t;&\0;"sv, U"&lt\0;&l\0t;&\0;"sv},
+    {"decimal and hexadecimal", U"&#65;&#x42;&#x6a;&#x4A;&#0065;", U"ABjJA"},
+    {"an upper-case x", U"&#X41;", U"&#X41;"},
+    {"no number, or none from 1 up", U"&#0;&#-65;&#;&#x;&#abc;&#x0;", U"&#0;&#-65;&#;&#x;&#abc;&#x0;"},
+    {"a minus sign among the digits", U"&#6-5;&#x4-1;", U"&#6-5;&#x4-1;"},
+    {"a minus sign behind the digits' end", U"&#65a-;", U"A"},
+    {"what follows the digits", U"&#65abc;&#x41g;&#65 b;", U"AAA"},
+    {"the name takes in another reference", U"&#65&lt;x", U"Ax"},
+    {"eight and nine in the name", U"&#1234567;&#12345678;", U"\x12D687&#12345678;"},
+    {"large numbers", U"&#9999999;&#xFFFFFF;&#xD800;", U"\x98967F\xFFFFFF\xD800"},
+    {"no semicolon at the end", U"&amp", U"&"},
+    {"no semicolon at the end, a longer name", U"x&thetasym", U"x\x3D1"},
+    {"no semicolon at the end, too long", U"&amp x&thetasymx", U"&amp x&thetasymx"},
+    {"no semicolon at the end, another reference in the name", U"&#65&lt", U"A"},
+    {"single ampersands", U"a & b &", U"a & b &"},
+    {"AT&T", U"AT&T;", U"AT&T;"},
+    {"an ampersand before a reference", U"&&amp;&;&amp;", U"&&&;&"},
+    {"one pass", U"&amp;amp;", U"&amp;"},
+    {"characters that narrow to others", U"\x10026lt;&\x1006Ct;&#\x10036\x10035;",
+     U"\x10026lt;&\x1006Ct;&#\x10036\x10035;"},
+};
+
+void agreesWithTwin(Kernel kernel) {
+  for (const Case& c : kCases) {
+    CAPTURE(c.name);
+    CHECK(decoded(kernel, c.text) == c.decoded);
+    CHECK(reference::entitiesDecoded(c.text) == c.decoded);
+  }
+  RandomBytes random(23);
+  for (const markup_text::Mix mix : markup_text::kMixes) {
+    for (std::size_t length = 0; length <= 160; ++length) {
+      const std::u32string text = markup_text::random(random, mix, length);
+      CAPTURE(length);
+      CHECK(decoded(kernel, text, random.below(8)) == reference::entitiesDecoded(text));
+    }
+  }
+}
+
+/// A reference at every place of a text longer than the widest step.
+void atEveryPlace(Kernel kernel) {
+  for (const std::u32string_view reference : {U"&thetasym;"sv, U"&lt;"sv, U"&thetasymx;"sv, U"&#65&lt;"sv, U"&&&"sv}) {
+    for (std::size_t place = 0; place <= 160; ++place) {
+      std::u32string text(160, U'x');
+      text.insert(place, reference);
+      CAPTURE(place);
+      CHECK(decoded(kernel, text) == reference::entitiesDecoded(text));
+    }
+  }
+}
+
+void mayHave(bool (*kernel)(Utf32View) noexcept) {
+  for (std::size_t length = 0; length <= 100; ++length) {
+    std::u32string text(length, U'x');
+    CHECK_FALSE(kernel(Placed(text).span()));
+    for (std::size_t i = 0; i < length; ++i) {
+      text[i] = 0x10026;
+      REQUIRE_FALSE(kernel(Placed(text).span()));
+      text[i] = U'&';
+      REQUIRE(kernel(Placed(text).span()));
+      text[i] = U'x';
+    }
+  }
+}
+
+}  // namespace
+
+TEST_CASE("entity decoder: the plain form agrees with the naive twin") {
+  agreesWithTwin(entity_decoder::scalar::decode);
+  atEveryPlace(entity_decoder::scalar::decode);
+  mayHave(entity_decoder::scalar::mayHaveReferences);
+}
+
+#ifdef WIDE_AVX2
+TEST_CASE("entity decoder: the wide form agrees with the naive twin") {
+  if (!cpu::hasAvx2()) return;
+  agreesWithTwin(entity_decoder::avx2::decode);
+  atEveryPlace(entity_decoder::avx2::decode);
+  mayHave(entity_decoder::avx2::mayHaveReferences);
+}
+#endif

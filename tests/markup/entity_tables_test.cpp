@@ -1,0 +1,62 @@
+#include "markup/entity_tables.h"
+
+#include <doctest/doctest.h>
+
+#include "markup/entity_lookup.h"
+#include "tests/markup/markup_text.h"
+#include "tests/reference/markup.h"
+
+namespace {
+
+struct Known {
+  char32_t code;
+  const char* name;
+};
+
+constexpr Known kKnown[] = {{0x22, "quot"},     {0xA0, "nbsp"},     {0xFF, "yuml"},    {0x152, "OElig"},
+                            {0x3A1, "Rho"},     {0x3A3, "Sigma"},   {0x3C2, "sigmaf"}, {0x3D1, "thetasym"},
+                            {0x2020, "dagger"}, {0x2021, "Dagger"}, {0x20AC, "euro"},  {0x21D4, "hArr"},
+                            {0x222B, "int"},    {0x2329, "lang"},   {0x2663, "clubs"}, {0x2666, "diams"}};
+
+constexpr char32_t kNoEntity[] = {0, 0x20, 0x7F, 0x80, 0x9F, 0x100, 0x3A2, 0x2100, 0x2667, 0x10026};
+
+constexpr const char* kNoName[] = {"DAGGER", "l", "thetas", "EURO", "lt;", "thetasymX"};
+
+entities::PackedName packed(std::string_view name) { return entities::packedName(std::string(name).c_str()); }
+
+/// Tries a pair of lookups on every code point up to the last entity's, and every name.
+template <typename PositionOf, typename CodeOf>
+void findsEverything(PositionOf positionOf, CodeOf codeOf) {
+  for (char32_t code = 0; code <= 0x2700; ++code) {
+    const EscapeCode* const entity = reference::entityOf(code);
+    const std::size_t position = entities::mayHaveRecord(code) ? positionOf(code) : entities::kCount;
+    const bool found = position < entities::kCount && entities::kCodes[position] == code;
+    REQUIRE(found == (entity != nullptr));
+    if (found) REQUIRE(&escapecodes[position] == entity);
+    if (found) REQUIRE(codeOf(packed(entity->name)) == code);
+    if (found) REQUIRE(codeOf(packed(entity->name) | std::uint64_t{'x'} << 56) == 0);
+  }
+}
+
+}  // namespace
+
+TEST_CASE("entities: known records and gaps") {
+  for (const Known& known : kKnown) {
+    CAPTURE(known.name);
+    REQUIRE(reference::entityOf(known.code) != nullptr);
+    CHECK(std::string_view(reference::entityOf(known.code)->name) == known.name);
+    CHECK(entities::scalar::codeOf(packed(known.name)) == known.code);
+  }
+  for (const char32_t code : kNoEntity) CHECK(reference::entityOf(code) == nullptr);
+  for (const std::string_view name : kNoName) CHECK(reference::characterNamed(markup_text::widened(name)) == 0);
+}
+
+TEST_CASE("entities: the plain lookups find every record and nothing else") {
+  findsEverything(entities::scalar::positionOf, entities::scalar::codeOf);
+}
+
+#ifdef WIDE_AVX2
+TEST_CASE("entities: the wide lookups find every record and nothing else") {
+  if (cpu::hasAvx2()) findsEverything(entities::avx2::positionOf, entities::avx2::codeOf);
+}
+#endif

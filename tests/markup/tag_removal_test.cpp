@@ -1,0 +1,108 @@
+#include "markup/tag_removal.h"
+
+#include <doctest/doctest.h>
+
+#include "tests/reference/markup.h"
+#include "tests/support/placed_bytes.h"
+#include "tests/support/random_bytes.h"
+
+namespace {
+
+using namespace std::string_view_literals;
+
+using Remove = std::size_t (*)(ByteView, ByteSpan) noexcept;
+using Size = std::int64_t (*)(ByteView, ByteView) noexcept;
+
+ByteView viewOf(std::string_view text) { return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}; }
+
+std::string removed(Remove kernel, std::string_view text, std::size_t offset = 0) {
+  const PlacedBytes input(text, offset);
+  const PlacedBytes output(text.size(), offset / 3);
+  const std::size_t size = kernel(input.span(), output.span());
+  REQUIRE(size <= text.size());
+  CHECK(output.marginsIntact());
+  return output.text().substr(0, size);
+}
+
+std::string replaced(Size sizeKernel, std::string_view text, std::string_view replacement, std::size_t offset = 0) {
+  const PlacedBytes input(text, offset);
+  const std::int64_t size = sizeKernel(input.span(), viewOf(replacement));
+  const PlacedBytes output(static_cast<std::size_t>(size), offset / 3);
+  tags::replace(input.span(), viewOf(replacement), output.span());
+  CHECK(output.marginsIntact());
+  return output.text();
+}
+
+struct Case {
+  const char* name;
+  std::string_view text;
+  std::string_view kept;
+  std::string_view replaced;  ///< with "*"
+};
+
+constexpr Case kCases[] = {
+    {"nothing", "", "", ""},
+    {"tags", "<b>bold</b> text", "bold text", "*bold** text"},
+    {"nothing but a tag", "<br/>", "", "***"},
+    {"nested brackets", "a<b<c>d>e", "ae", "a***e"},
+    {"a stray closing bracket", "a>b<c", "ac", "a*c"},
+    {"closing brackets in a row", "a>>b<c<d", "ad", "a**d"},
+    {"an unclosed tag", "x < y", "x ", "x **"},
+    {"two that aren't tags", "1 < 2 and 3 > 2", "1  2", "1 ********* 2"},
+    {"characters of several bytes", "\xC3\xA9<\xC3\xA9>", "\xC3\xA9", "\xC3\xA9**"},
+    {"zero bytes", "a\0b<\0c>\0"sv, "ab", "ab*"},
+};
+
+void agreesWithTwin(Remove remove, Size size) {
+  for (const Case& c : kCases) {
+    CAPTURE(c.name);
+    CHECK(removed(remove, c.text) == c.kept);
+    CHECK(replaced(size, c.text, "*") == c.replaced);
+    CHECK(replaced(size, c.text, "") == c.kept);
+  }
+  RandomBytes random(26);
+  constexpr std::string_view kAlphabets[] = {
+      "abcdefghijklmnopqrstuvwxyz ", "abcdefghijklmnopqrstuvwxyz\0<>"sv, "<>", "<<>ab", "<>>\0x"sv, "<a>b"};
+  constexpr std::string_view kReplacements[] = {"", " ", "ab", "<longer than a vector of bytes, with brackets>"};
+  for (std::size_t length = 0; length <= 200; ++length) {
+    CAPTURE(length);
+    for (const std::string_view alphabet : kAlphabets) {
+      const std::string text = random.of(alphabet, length);
+      const std::size_t offset = random.below(32);
+      CHECK(removed(remove, text, offset) == reference::withoutTags(text));
+      const std::string_view with = kReplacements[random.below(std::size(kReplacements))];
+      CHECK(replaced(size, text, with, offset) == reference::withoutTags(text, with));
+    }
+    // Tags by turns, as in markup.
+    std::string markup;
+    while (markup.size() < length) {
+      markup += random.of("abcdefgh ", random.below(30)) + "<" + random.of("abc=\"/", random.below(20)) + ">";
+    }
+    CHECK(removed(remove, markup) == reference::withoutTags(markup));
+  }
+}
+
+}  // namespace
+
+TEST_CASE("tags: the plain form agrees with the naive twin") {
+  agreesWithTwin(tags::scalar::remove, tags::scalar::replacedSize);
+}
+
+#ifdef WIDE_AVX2
+TEST_CASE("tags: the wide form agrees with the naive twin") {
+  if (cpu::hasAvx2()) agreesWithTwin(tags::avx2::remove, tags::avx2::replacedSize);
+}
+#endif
+
+TEST_CASE("tags: sizes beyond 32 bits are counted, not made") {
+  const std::string text = "<" + std::string(70'000, 'x');
+  const std::string replacement(70'000, 'y');
+  CHECK(tags::replacedSize(viewOf(text), viewOf(replacement)) == 4'900'000'000);
+}
+
+TEST_CASE("tags: a replacement ends at its first zero byte") {
+  CHECK(tags::untilZeroByte(viewOf("ab\0c"sv)).size() == 2);
+  CHECK(tags::untilZeroByte(viewOf("\0c"sv)).empty());
+  CHECK(tags::untilZeroByte(viewOf("abc")).size() == 3);
+  CHECK(tags::untilZeroByte({}).empty());
+}
