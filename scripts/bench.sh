@@ -14,7 +14,7 @@ bench() {
   local program=build/bench/bench/stringbench
   case ${1:-} in
     quick) bench_quick "$program" ;;
-    '') "$program" --json build/bench/speed.json --page docs ;;
+    '') "$program" --json build/bench/speed.json --page docs --costs ;;
     *) "$program" --json build/bench/speed.json "$@" ;;
   esac
 }

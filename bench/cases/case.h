@@ -42,5 +42,8 @@ struct Case {
 [[nodiscard]] std::vector<Case> analysisCases();
 [[nodiscard]] std::vector<Case> numberCases();
 
-/// All of them, in the order of the report.
+/// Inputs made to hurt, each at sizes ten times apart.
+[[nodiscard]] std::vector<Case> growthCases();
+
+/// All but those, in the order of the report.
 [[nodiscard]] std::vector<Case> allCases();

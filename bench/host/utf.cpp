@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "bench/host/utf_blocks.h"
+
 namespace {
 
 /// Runs of 7-bit text are taken in blocks of this many units; the loops over a block are left to the compiler to widen.
@@ -13,13 +15,6 @@ bool isPlain(const std::uint8_t* block) noexcept {
   std::memcpy(&low, block, sizeof low);
   std::memcpy(&high, block + sizeof low, sizeof high);
   return ((low | high) & 0x8080'8080'8080'8080) == 0;
-}
-
-template <typename Unit>
-bool isPlain(const Unit* block) noexcept {
-  Unit all = 0;
-  for (std::size_t i = 0; i < kBlock; ++i) all = static_cast<Unit>(all | block[i]);
-  return all < 0x80;
 }
 
 template <typename To, typename From>
@@ -105,20 +100,26 @@ char32_t readUnit(const char16_t*& in, const char16_t* end) noexcept {
   return ((unit - 0xD7C0) << 10) + (*in++ & 0x3FFU);
 }
 
+/// Blocks of eight while there is room to write whole vectors; what has a surrogate goes unit by unit.
 template <typename Unit>
 std::uint8_t* encodeUnits(std::span<const Unit> units, std::uint8_t* out) noexcept {
   const Unit* in = units.data();
   const Unit* const end = in + units.size();
-  while (in != end) {
-    if (static_cast<std::size_t>(end - in) >= kBlock && isPlain(in)) {
-      copyBlock(in, out);
-      in += kBlock;
-      out += kBlock;
-    } else {
-      const Unit* const stop = static_cast<std::size_t>(end - in) > kBlock ? in + kBlock : end;
-      while (in < stop) out = writeUtf8(readUnit(in, end), out);
+#ifdef WIDE_AVX2
+  if (cpu::hasAvx2()) {
+    while (end - in >= static_cast<std::ptrdiff_t>(lean::kBlockRoom)) {
+      std::uint8_t* const next = lean::encodeEight(in, out);
+      if (next != nullptr) {
+        out = next;
+        in += 8;
+      } else {
+        const Unit* const stop = in + 8;
+        while (in < stop) out = writeUtf8(readUnit(in, end), out);
+      }
     }
   }
+#endif
+  while (in != end) out = writeUtf8(readUnit(in, end), out);
   return out;
 }
 

@@ -27,7 +27,7 @@ void escapeUrl(const Operands& in, AnswerSink& answer) {
 
 void unescapeUrl(const Operands& in, AnswerSink& answer) {
   apr_size_t length = 0;
-  apr_unescape_url(in.out(), in.chars(), size(in), nullptr, nullptr, 0, &length);
+  if (apr_unescape_url(in.out(), in.chars(), size(in), nullptr, nullptr, 0, &length) != APR_SUCCESS) return;
   answer.text(in.out(), length - 1);
 }
 
@@ -65,7 +65,7 @@ const PeerLines lines{
     {"HTML encode", "apr apr_escape_entity", escapeEntities, "keeps what is not ASCII"},
     {"XML encode", "apr-util apr_xml_quote_string", quoteXml, "keeps the apostrophe"},
     {"URL encode", "apr apr_escape_urlencoded", escapeUrl, "blank as +; escapes ! @ +"},
-    {"URL decode", "apr apr_unescape_url", unescapeUrl, "refuses an escaped slash or zero byte"},
+    {"URL decode", "apr apr_unescape_url", unescapeUrl, nullptr},
     {"hex encode", "apr apr_escape_hex", escapeHex, "lower-case digits"},
     {"hex dump", "apr apr_escape_hex", escapeHexColons, "lower-case digits, one line, colons"},
     {"hex decode", "apr apr_unescape_hex", unescapeHex, nullptr},

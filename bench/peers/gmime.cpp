@@ -30,6 +30,8 @@ void decodeYenc(const Operands& in, AnswerSink& answer) {
               g_mime_ydecode_step(in.first().data(), in.first().size(), in.scratch.data(), &state, &partSum, &sum));
 }
 
+const bool ready = (g_mime_init(), true);
+
 const PeerLines lines{
     {"quoted-printable encode", "GMime", quotedPrintable<true>, "lines of 76, keeps the line breaks of the text"},
     {"quoted-printable decode", "GMime", quotedPrintable<false>, "keeps CR LF, copies bad escapes"},

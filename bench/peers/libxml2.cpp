@@ -15,6 +15,7 @@ void convert(const Operands& in, AnswerSink& answer, Convert function) {
   int outSize = static_cast<int>(in.scratch.size());
   int inSize = static_cast<int>(in.first().size());
   function(in.scratch.data(), &outSize, in.first().data(), &inSize);
+  if (inSize != std::ssize(in.first())) return;  // stopped at a character it can't write
   answer.text(in.scratch.data(), static_cast<std::size_t>(outSize));
 }
 
@@ -45,7 +46,7 @@ const PeerLines lines{
     {"HTML encode", "libxml2 htmlEncodeEntities", encodeEntities, "keeps the apostrophe"},
     {"HTML encode, markup kept", "libxml2 UTF8ToHtml", toHtml, "knows HTML 4 names only"},
     {"XML encode", "libxml2 xmlEncodeSpecialChars", encodeSpecial, "keeps the apostrophe, writes CR as a reference"},
-    {"to ISO-8859-1", "libxml2 UTF8Toisolat1", toLatin1, "stops at the first character outside the set"},
+    {"to ISO-8859-1", "libxml2 UTF8Toisolat1", toLatin1, nullptr},
     {"from ISO-8859-1", "libxml2 isolat1ToUTF8", fromLatin1, nullptr},
     {"URL encode", "libxml2 xmlURIEscapeStr", escapeUri, "keeps ~ ' ( ), escapes +"},
     {"URL decode", "libxml2 xmlURIUnescapeString", unescapeUri, "keeps what is no escape"},

@@ -27,7 +27,8 @@ struct Operands {
   [[nodiscard]] char* out() const noexcept { return reinterpret_cast<char*>(scratch.data()); }
 };
 
-/// Where the answer goes. A text is taken at once, so the caller may free it afterwards.
+/// Where the answer goes. A text is taken at once, so the caller may free it afterwards. A peer that can't do what is
+/// asked gives no answer, and is left out of that case.
 class AnswerSink {
  public:
   virtual void text(const void* bytes, std::size_t size) = 0;

@@ -1,43 +1,37 @@
 #include "bench/report/terminal.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <unistd.h>
+#include <vector>
 
 #include "bench/report/figures.h"
 
 namespace {
 
-constexpr const char* kFormat = "  %-22s %16s %10s %5s %9s %10s %8s %8s  %s\n";
+/// Widths of the columns; the last one is as wide as it gets.
+constexpr int kWidths[] = {24, 17, 10, 5, 11, 10, 9, 9};
 
-std::string text(const char* format, double value) {
-  char buffer[64];
-  std::snprintf(buffer, sizeof buffer, format, value);
-  return buffer;
+/// Characters of a text in UTF-8.
+std::size_t widthOf(const std::string& text) {
+  return static_cast<std::size_t>(std::ranges::count_if(text, [](char c) { return (c & 0xC0) != 0x80; }));
 }
+
+/// The first column is aligned left, the others right.
+void printLine(const std::vector<std::string>& columns) {
+  std::string line = "  ";
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const std::size_t width = i < std::size(kWidths) ? static_cast<std::size_t>(kWidths[i]) : 0;
+    const std::string fill(width > widthOf(columns[i]) ? width - widthOf(columns[i]) : 0, ' ');
+    line += i == 0 ? columns[i] + fill : i < std::size(kWidths) ? fill + columns[i] : "  " + columns[i];
+  }
+  std::printf("%s\n", line.c_str());
+}
+
+std::string timeOf(const Figure* figure) { return figure != nullptr ? figures::time(figure->nanoseconds) : ""; }
 
 }  // namespace
-
-std::string figures::time(double nanoseconds) {
-  const auto digits = [](double value, const char* unit) {
-    return text(value < 10 ? "%.2f" : value < 100 ? "%.1f" : "%.0f", value) + ' ' + unit;
-  };
-  if (nanoseconds < 1e3) return digits(nanoseconds, "ns");
-  if (nanoseconds < 1e6) return digits(nanoseconds / 1e3, "µs");
-  return digits(nanoseconds / 1e6, "ms");
-}
-
-std::string figures::rate(const Result& result, double nanoseconds) {
-  const std::size_t bytes = result.inputBytes != 0 ? result.inputBytes : result.outputBytes;
-  if (result.unit != "bytes" || bytes == 0) return "–";
-  const double rate = static_cast<double>(bytes) / nanoseconds;
-  return text(rate < 10 ? "%.2f" : "%.1f", rate) + " GB/s";
-}
-
-std::string figures::ratio(double value) {
-  return value == 0 ? "–" : text(value < 10 ? "%.2f" : value < 100 ? "%.1f" : "%.0f", value) + "×";
-}
-
-std::string figures::share(double value) { return value == 0 ? "–" : text("%.3f", value) + " m"; }
 
 void Terminal::begin(std::size_t total) { total_ = total; }
 
@@ -56,23 +50,18 @@ void Terminal::row(const Result& result) {
   clearProgress();
   if (result.job != lastJob_) {
     std::printf("\n%s\n", result.job.c_str());
-    std::printf(kFormat, "", "size", "time", "±", "speed", "of memcpy", "kernel", "host", "against the best peer");
+    printLine({"", "size", "time", "±", "speed", "of memcpy", "kernel", "host", "against the best peer"});
     lastJob_ = result.job;
   }
   const Figure& method = result.method();
-  const Figure* const kernel = result.find(Kind::kKernel);
-  const Figure* const host = result.find(Kind::kHost);
   const Figure* const peer = result.bestPeer();
   const std::string against =
       peer == nullptr ? ""
                       : figures::ratio(result.againstPeer()) + ' ' + peer->name + (result.isBehind() ? "  BEHIND" : "");
-  // Fields are padded by bytes: one with a character of two bytes gets one byte less.
-  const std::string time = figures::time(method.nanoseconds);
-  std::printf(kFormat, result.corpus.c_str(), sizeText(result.size, result.unit).c_str(), time.c_str(),
-              text("%.0f%%", 100 * method.spread).c_str(), figures::rate(result, method.nanoseconds).c_str(),
-              figures::share(result.againstCopy()).c_str(),
-              kernel != nullptr ? figures::time(kernel->nanoseconds).c_str() : "",
-              host != nullptr ? figures::time(host->nanoseconds).c_str() : "", against.c_str());
+  printLine({result.corpus, sizeText(result.size, result.unit), figures::time(method.nanoseconds),
+             std::to_string(std::lround(100 * method.spread)) + '%', figures::rate(result, method.nanoseconds),
+             figures::share(result.againstCopy()), timeOf(result.find("kernel")), timeOf(result.find(Kind::kHost)),
+             against});
   std::fflush(stdout);
 }
 
