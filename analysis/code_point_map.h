@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <utility>
 
 #include "memory/byte_view.h"
 #include "memory/heap_units.h"

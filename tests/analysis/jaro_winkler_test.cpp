@@ -30,7 +30,14 @@ TEST_CASE("jaro-winkler: examples") {
   CHECK(distance(U"ABC", U"abc") == 1.0);
   CHECK(distance(U"MARTHA", U"MARHTA") == doctest::Approx(0.0388888888888889));
   CHECK(distance(U"DIXON", U"DICKSONX") == doctest::Approx(0.1866666666666667));
-  CHECK(distance(U"abcdefgh", U"abcdxxxxyyyy") == doctest::Approx(1.0 - 0.611111111111111));  // 0.7 or less: no boost
+}
+
+TEST_CASE("jaro-winkler: the boost begins above 0.7") {
+  const std::u32string same(28, U'a');
+  CHECK(distance(same + std::u32string(23, U'x'), same + std::u32string(23, U'y')) ==
+        doctest::Approx(1.0 - (28.0 / 51 + 28.0 / 51 + 1.0) / 3.0));
+  // (3/5 + 3/6 + 1) / 3 is a little more than 0.7 in binary.
+  CHECK(distance(U"abcxyz", U"abcuv") == doctest::Approx(1.0 - (0.7 + 0.3 * 0.3)));
 }
 
 TEST_CASE("jaro-winkler: bit for bit as the definition, on both sides of the size of a word") {

@@ -91,6 +91,20 @@ std::int64_t corner(std::int64_t (*form)(const levenshtein::Matrix&) noexcept, s
   return distance;
 }
 
+TEST_CASE("levenshtein: a swap at every place, across the borders of words and bands too") {
+  const std::u32string text = RandomTexts(kSeed).of(U"\1\2\3\4\5", 600);
+  for (std::size_t place = 0; place + 1 < text.size(); ++place) {
+    std::u32string swapped = text;
+    std::swap(swapped[place], swapped[place + 1]);
+    const std::int64_t expected = swapped == text ? 0 : 1;
+    CAPTURE(place);
+    CHECK(corner(levenshtein::scalar::corner, text, swapped) == expected);
+#ifdef WIDE_AVX2
+    if (cpu::hasAvx2()) CHECK(corner(levenshtein::avx2::corner, text, swapped) == expected);
+#endif
+  }
+}
+
 TEST_CASE("levenshtein: every form of the bands at all kinds of heights and widths") {
   RandomTexts random(kSeed);
   for (std::size_t height = 1; height <= 1100; height += 1 + random.below(40)) {

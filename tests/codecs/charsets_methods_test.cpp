@@ -61,7 +61,7 @@ TEST_CASE("charsets: every length comes back on hosts of every kind, and nothing
     CAPTURE(version);
     Session session({.version = version, .terminated = false, .oddStorage = true, .checking = true});
     for (const Set& set : kSets) {
-      for (const std::size_t length : {3, 4, 15, 16, 17, 31, 32, 33, 63, 64, 65, 3000}) {
+      for (const std::size_t length : {3U, 4U, 15U, 16U, 17U, 31U, 32U, 33U, 63U, 64U, 65U, 3000U}) {
         CAPTURE(length);
         const std::string bytes = random(length - 1) + "\xE9";
         const Outcome text = call(session, set.decoding, {raw(bytes)});

@@ -44,7 +44,7 @@ TEST_CASE("hex: every length comes back on hosts of every kind, and nothing beyo
   for (const double version : kVersions) {
     CAPTURE(version);
     Session session({.version = version, .terminated = false, .oddStorage = true, .checking = true});
-    for (const std::size_t length : {1, 2, 3, 7, 8, 15, 16, 17, 31, 33, 64, 100, 3000}) {
+    for (const std::size_t length : {1U, 2U, 3U, 7U, 8U, 15U, 16U, 17U, 31U, 33U, 64U, 100U, 3000U}) {
       CAPTURE(length);
       const std::string bytes = random(length) + "\xFF";
       const Outcome digits = call(session, kEncoding, {raw(bytes)});

@@ -61,7 +61,7 @@ TEST_CASE("mysql: every pair, alone and across the end of a vector") {
   for (int second = 0; second < 256; ++second) {
     CAPTURE(second);
     const std::string pair{'\\', static_cast<char>(second)};
-    for (const std::size_t before : {0, 30, 31, 32}) {
+    for (const std::size_t before : {0U, 30U, 31U, 32U}) {
       const std::string text = std::string(before, '.') + pair + "n.";
       CHECK(shortened(mysql::decode, text) == reference::mysqlDecoded(text));
     }

@@ -6,7 +6,7 @@
 
 #include "standin/values.h"
 
-#ifdef __GLIBC__
+#ifdef HAS_ICONV
 #include <iconv.h>
 #endif
 
@@ -95,7 +95,7 @@ TEST_CASE("every character survives the Unicode forms, and every byte its own se
   }
 }
 
-#ifdef __GLIBC__
+#ifdef HAS_ICONV
 
 /// The C library's conversion; empty where it refuses.
 std::string byLibrary(const char* from, const char* to, std::string bytes) {

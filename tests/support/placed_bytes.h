@@ -9,6 +9,10 @@
 
 #include "memory/byte_view.h"
 
+#ifdef __has_feature
+#define PLACED_BYTES_ARE_WATCHED __has_feature(address_sanitizer)
+#endif
+
 /// Bytes that begin `offset` behind an aligned address. A sanitizer watches the byte after the last one; without a
 /// sanitizer a margin on both sides tells whether it was written to.
 class PlacedBytes {
@@ -34,7 +38,7 @@ class PlacedBytes {
   }
 
  private:
-#ifdef __SANITIZE_ADDRESS__
+#if defined(__SANITIZE_ADDRESS__) || PLACED_BYTES_ARE_WATCHED
   static constexpr std::size_t kMarginBehind = 0;
 #else
   static constexpr std::size_t kMarginBehind = 64;
