@@ -1,5 +1,6 @@
 #include "bench/host/utf.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "bench/host/utf_blocks.h"
@@ -100,23 +101,18 @@ char32_t readUnit(const char16_t*& in, const char16_t* end) noexcept {
   return ((unit - 0xD7C0) << 10) + (*in++ & 0x3FFU);
 }
 
-/// Blocks of eight while there is room to write whole vectors; what has a surrogate goes unit by unit.
+/// Runs in vectors while there is room to write whole ones; what stops a run goes unit by unit.
 template <typename Unit>
 std::uint8_t* encodeUnits(std::span<const Unit> units, std::uint8_t* out) noexcept {
   const Unit* in = units.data();
   const Unit* const end = in + units.size();
 #ifdef WIDE_AVX2
-  if (cpu::hasAvx2()) {
-    while (end - in >= static_cast<std::ptrdiff_t>(lean::kBlockRoom)) {
-      std::uint8_t* const next = lean::encodeEight(in, out);
-      if (next != nullptr) {
-        out = next;
-        in += 8;
-      } else {
-        const Unit* const stop = in + 8;
-        while (in < stop) out = writeUtf8(readUnit(in, end), out);
-      }
-    }
+  while (cpu::hasAvx2() && end - in >= lean::kBlockRoom) {
+    const lean::Run<Unit> run = lean::encodeRun(in, end, out);
+    in = run.in;
+    out = run.out;
+    const Unit* const stop = in + std::min<std::ptrdiff_t>(8, end - in);
+    while (in < stop) out = writeUtf8(readUnit(in, end), out);
   }
 #endif
   while (in != end) out = writeUtf8(readUnit(in, end), out);

@@ -93,17 +93,62 @@ AVX2_FUNCTION inline std::uint8_t* encodeUnits(__m128i units, std::uint8_t* out)
   return encodeFour(_mm_cvtepu16_epi32(_mm_srli_si128(units, 8)), out);
 }
 
-}  // namespace
-
-AVX2_FUNCTION std::uint8_t* lean::encodeEight(const char16_t* units, std::uint8_t* out) noexcept {
-  return encodeUnits(_mm_loadu_si128(reinterpret_cast<const __m128i*>(units)), out);
+AVX2_FUNCTION inline __m128i load(const void* units) noexcept {
+  return _mm_loadu_si128(static_cast<const __m128i*>(units));
 }
 
-AVX2_FUNCTION std::uint8_t* lean::encodeEight(const char32_t* codePoints, std::uint8_t* out) noexcept {
-  const __m128i low = _mm_loadu_si128(reinterpret_cast<const __m128i*>(codePoints));
-  const __m128i high = _mm_loadu_si128(reinterpret_cast<const __m128i*>(codePoints + 4));
+/// Sixteen units of 7-bit text; false, with nothing written, where they aren't.
+AVX2_FUNCTION inline bool packPlain(const char16_t* units, std::uint8_t* out) noexcept {
+  const __m256i block = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(units));
+  if (_mm256_testz_si256(block, _mm256_set1_epi16(static_cast<short>(0xFF80))) == 0) return false;
+  const __m128i bytes = _mm_packus_epi16(_mm256_castsi256_si128(block), _mm256_extracti128_si256(block, 1));
+  _mm_storeu_si128(reinterpret_cast<__m128i*>(out), bytes);
+  return true;
+}
+
+AVX2_FUNCTION inline bool packPlain(const char32_t* units, std::uint8_t* out) noexcept {
+  const __m128i low = _mm_packus_epi32(load(units), load(units + 4));
+  const __m128i high = _mm_packus_epi32(load(units + 8), load(units + 12));
+  if (_mm_testz_si128(_mm_or_si128(low, high), _mm_set1_epi16(static_cast<short>(0xFF80))) == 0) return false;
+  _mm_storeu_si128(reinterpret_cast<__m128i*>(out), _mm_packus_epi16(low, high));
+  return true;
+}
+
+AVX2_FUNCTION inline std::uint8_t* encodeEight(const char16_t* units, std::uint8_t* out) noexcept {
+  return encodeUnits(load(units), out);
+}
+
+AVX2_FUNCTION inline std::uint8_t* encodeEight(const char32_t* units, std::uint8_t* out) noexcept {
+  const __m128i low = load(units);
+  const __m128i high = load(units + 4);
   if (_mm_testz_si128(_mm_or_si128(low, high), _mm_set1_epi32(static_cast<int>(0xFFFF'0000))) == 0) return nullptr;
   return encodeUnits(_mm_packus_epi32(low, high), out);
+}
+
+template <typename Unit>
+AVX2_FUNCTION inline lean::Run<Unit> encode(const Unit* in, const Unit* end, std::uint8_t* out) noexcept {
+  while (end - in >= lean::kBlockRoom) {
+    if (packPlain(in, out)) {
+      in += 16;
+      out += 16;
+      continue;
+    }
+    std::uint8_t* const next = encodeEight(in, out);
+    if (next == nullptr) break;
+    in += 8;
+    out = next;
+  }
+  return {in, out};
+}
+
+}  // namespace
+
+AVX2_FUNCTION lean::Run<char16_t> lean::encodeRun(const char16_t* in, const char16_t* end, std::uint8_t* out) noexcept {
+  return encode(in, end, out);
+}
+
+AVX2_FUNCTION lean::Run<char32_t> lean::encodeRun(const char32_t* in, const char32_t* end, std::uint8_t* out) noexcept {
+  return encode(in, end, out);
 }
 
 #endif  // WIDE_AVX2

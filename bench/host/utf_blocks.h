@@ -1,5 +1,5 @@
-/// Encoding of eight UTF-16 units at once as UTF-8, by byte shuffles from a table (Lemire and Muła, "Transcoding
-/// Unicode Characters with AVX-512 Instructions", and their earlier work for SSE).
+/// Encoding of runs of units as UTF-8, eight or more at once, by byte shuffles from a table (Lemire and Muła,
+/// "Transcoding Unicode Characters with AVX-512 Instructions", and their earlier work for SSE).
 #pragma once
 
 #include "memory/byte_view.h"
@@ -9,14 +9,18 @@
 
 namespace lean {
 
-/// A block's result takes up to this many bytes, and that many may be written.
-inline constexpr std::size_t kBlockRoom = 32;
+/// How far a run has come.
+template <typename Unit>
+struct Run {
+  const Unit* in;
+  std::uint8_t* out;
+};
 
-/// Encodes eight units. Null, with nothing written that counts, where a surrogate is among them.
-std::uint8_t* encodeEight(const char16_t* units, std::uint8_t* out) noexcept;
-
-/// The same for eight code points; null also where one is above U+FFFF.
-std::uint8_t* encodeEight(const char32_t* codePoints, std::uint8_t* out) noexcept;
+/// Encodes from `in` on, as long as `kBlockRoom` units are left and none of the next ones is a surrogate or above
+/// U+FFFF. Up to that many bytes are written behind the end of what counts.
+inline constexpr std::ptrdiff_t kBlockRoom = 32;
+Run<char16_t> encodeRun(const char16_t* in, const char16_t* end, std::uint8_t* out) noexcept;
+Run<char32_t> encodeRun(const char32_t* in, const char32_t* end, std::uint8_t* out) noexcept;
 
 }  // namespace lean
 

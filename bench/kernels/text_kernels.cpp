@@ -4,14 +4,18 @@
 #include "analysis/number_format.h"
 #include "analysis/sql_booleans.h"
 #include "bench/kernels/kernel.h"
+#include "wide/ascii_scan.h"
 
 namespace {
 
-using character_classes::ByteClass;
-
-template <auto consistsOf, ByteClass byteClass>
+template <auto holds>
 std::int64_t test(const Operands& in) {
-  return consistsOf(byteClass, in.first());
+  return holds(in.first());
+}
+
+template <auto findNonAscii>
+std::int64_t testAscii(const Operands& in) {
+  return static_cast<std::int64_t>(findNonAscii(in.first()));
 }
 
 template <auto replaceNonPrintable>
@@ -52,10 +56,10 @@ std::int64_t writeScientific(const Operands& in) {
 namespace classes = character_classes;
 
 const KernelLines lines{
-    {"ASCII test", "kernel", test<classes::consistsOf, ByteClass::kSevenBit>},
-    {"ASCII test", "plain", test<classes::scalar::consistsOf, ByteClass::kSevenBit>},
-    {"printable test", "kernel", test<classes::consistsOf, ByteClass::kPrintable>},
-    {"printable test", "plain", test<classes::scalar::consistsOf, ByteClass::kPrintable>},
+    {"ASCII test", "kernel", testAscii<ascii::findNonAscii>},
+    {"ASCII test", "plain", testAscii<ascii::scalar::findNonAscii>},
+    {"printable test", "kernel", test<classes::arePrintable>},
+    {"printable test", "plain", test<classes::scalar::arePrintable>},
     {"replace non-printables", "kernel", replace<classes::replaceNonPrintable>},
     {"replace non-printables", "plain", replace<classes::scalar::replaceNonPrintable>},
     {"hex dump", "kernel", dump<hex_dump::write>},

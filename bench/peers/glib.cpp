@@ -65,8 +65,8 @@ void replaceBooleans(const Operands& in, AnswerSink& answer) {
 }
 
 const PeerLines lines{
-    {"HTML encode", "GLib g_markup_escape_text", escapeMarkup, "keeps what is not ASCII"},
-    {"XML encode", "GLib g_markup_escape_text", escapeMarkup, nullptr},
+    {"HTML encode", "GLib g_markup_escape_text", escapeMarkup, "keeps what is not ASCII, writes &apos;"},
+    {"XML encode", "GLib g_markup_escape_text", escapeMarkup, "writes &apos;"},
     {"URL encode", "GLib g_uri_escape_bytes", escapeUri, "keeps ~"},
     {"URL decode", "GLib g_uri_unescape_bytes", unescapeUri, nullptr},
     {"MySQL unescape", "GLib g_strcompress", compress, "C escapes: octal digits, no \\Z"},

@@ -31,6 +31,7 @@ nlohmann::json figure(const Figure& figure) {
   nlohmann::json json{
       {"name", figure.name}, {"kind", nameOf(figure.kind)}, {"ns", figure.nanoseconds}, {"spread", figure.spread}};
   if (!figure.rule.empty()) json["differs"] = figure.rule;
+  if (!figure.counts) json["does less"] = true;
   return json;
 }
 

@@ -50,7 +50,9 @@ std::string heading() {
          ". This page is written by the suite; figures are medians of interleaved rounds, in CPU time.\n\n"
          "A call goes through the loaded plugin, in a lean host that keeps the converted forms of its strings. A peer "
          "is hosted the same way: it opens the arguments and builds its result through the same bridge, and × is our "
-         "speed against the quickest peer for the job. *m* is the share of `memcpy`'s speed over the same input, "
+         "speed against the quickest peer for the job; one whose answer is more than a tenth shorter than ours left "
+         "work "
+         "undone and doesn't count. *m* is the share of `memcpy`'s speed over the same input, "
          "*host* what opening and building alone cost, *kernel* the bare function without a host, and *plain* its "
          "twin without wide registers.\n\n" +
          (missing.empty() ? std::string() : "Peers that were not there: " + missing + ".\n\n");

@@ -3,7 +3,8 @@
 const Figure* Result::find(Kind kind) const noexcept {
   const Figure* best = nullptr;
   for (const Figure& figure : figures) {
-    if (figure.kind == kind && (best == nullptr || figure.nanoseconds < best->nanoseconds)) best = &figure;
+    if (figure.kind == kind && figure.counts && (best == nullptr || figure.nanoseconds < best->nanoseconds))
+      best = &figure;
   }
   return best;
 }

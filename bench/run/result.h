@@ -13,6 +13,7 @@ struct Figure {
   double nanoseconds = 0;  ///< median of a call
   double spread = 0;       ///< half the range between the quartiles, as a share of the median
   std::string rule;        ///< how the peer's answer differs from ours; empty: it doesn't
+  bool counts = true;      ///< false for a peer that did less than was asked: it is shown, and no match
 };
 
 struct Result {
@@ -25,7 +26,7 @@ struct Result {
   std::size_t outputBytes = 0;
   std::vector<Figure> figures;
 
-  /// The figure of a kind, the quickest where there are several; null where there is none.
+  /// The figure of a kind, the quickest of those that count where there are several; null where there is none.
   [[nodiscard]] const Figure* find(Kind kind) const noexcept;
   [[nodiscard]] const Figure* find(const std::string& name) const noexcept;
 
