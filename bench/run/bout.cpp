@@ -104,7 +104,7 @@ void Bout::prepare(const Case& test, const Corpus& corpus, std::size_t size) {
 }
 
 void Bout::add(std::string name, Kind kind, std::function<void()> run, std::string rule) {
-  contenders_.push_back({{std::move(name), kind, 0, 0, std::move(rule), true}, std::move(run)});
+  contenders_.push_back({{std::move(name), kind, 0, 0, 0, std::move(rule), true}, std::move(run)});
 }
 
 void Bout::addMethod() {
