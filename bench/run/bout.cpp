@@ -151,7 +151,6 @@ void Bout::addPeers(const Case& test) {
     if (differs && peer.rule == nullptr) unexplained_.push_back(result_.key() + ": " + peer.name);
     add(peer.name, Kind::kPeer, hostedPeer(calls_, test.opens, peer.run),
         differs && peer.rule != nullptr ? peer.rule : "");
-    // Numbers have no work to leave undone: shorter ones are a different choice of digits.
-    contenders_.back().figure.counts = agreement != Agreement::kDoesLess || test.unit == "number";
+    contenders_.back().figure.counts = agreement != Agreement::kDoesLess;
   }
 }
