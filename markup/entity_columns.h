@@ -82,9 +82,11 @@ consteval bool beginsWithMarkupCharacters() {
   return escapecodes[kMarkupCount].code == 0xA0;
 }
 
+/// Names begin with a letter, and letters and digits are all there is in them.
 consteval bool namesAreShortAndAlphanumeric() {
   for (std::size_t i = 0; i < kCount; ++i) {
     std::size_t length = 0;
+    if (escapecodes[i].name[0] < 'A') return false;
     for (const char* c = escapecodes[i].name; *c != 0; ++c, ++length) {
       if (!((*c >= '0' && *c <= '9') || (*c >= 'A' && *c <= 'Z') || (*c >= 'a' && *c <= 'z'))) return false;
     }

@@ -21,7 +21,7 @@ constexpr std::size_t kBlock = 16;
 [[nodiscard]] std::uint32_t characterFor(entity_decoder::ReferenceName name) noexcept {
   if (name.length == 0) return 0;
   if (isNumeric(name)) return numericValue(name);
-  return isDistinct(name) ? entities::scalar::codeOf(name.packed) : 0;
+  return mayBeEntity(name) ? entities::scalar::codeOf(name.packed) : 0;
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "markup/entity_lookup.h"
 #include "markup/reference_name.h"
 #include "wide/code_point_blocks.h"
+#include "wide/vectors.h"
 
 namespace {
 
@@ -27,7 +28,7 @@ constexpr std::ptrdiff_t kStep = 8;
 [[nodiscard]] AVX2_FUNCTION inline std::uint32_t characterFor(ReferenceName name) noexcept {
   if (name.length == 0) return 0;
   if (isNumeric(name)) return numericValue(name);
-  return isDistinct(name) ? entities::avx2::codeOf(name.packed) : 0;
+  return mayBeEntity(name) ? entities::avx2::codeOf(name.packed) : 0;
 }
 
 /// Copies at least `count` code points, in whole vectors, and at least one.
@@ -37,14 +38,6 @@ AVX2_FUNCTION inline void copyRun(const char32_t* from, std::size_t count, char3
     _mm256_storeu_si256(reinterpret_cast<__m256i*>(to + i), load(from + i));
     i += kStep;
   } while (i < count);
-}
-
-/// One bit for each of 64 code points, narrowed to two vectors, that is the given character.
-[[nodiscard]] AVX2_FUNCTION inline std::uint64_t places(__m256i low, __m256i high, char character) noexcept {
-  const __m256i wanted = _mm256_set1_epi8(character);
-  const auto inLow = static_cast<std::uint32_t>(_mm256_movemask_epi8(_mm256_cmpeq_epi8(low, wanted)));
-  const auto inHigh = static_cast<std::uint32_t>(_mm256_movemask_epi8(_mm256_cmpeq_epi8(high, wanted)));
-  return inLow | std::uint64_t{inHigh} << 32;
 }
 
 struct Progress {
@@ -61,8 +54,8 @@ constexpr unsigned kStarts = kWindow - entities::kLongestName - 1;
 [[nodiscard]] AVX2_FUNCTION inline Progress decodeWindow(const char32_t* text, char32_t* const decoded) noexcept {
   const __m256i low = wide::narrowed32<wide::Nearest::kSignedByte>(text);
   const __m256i high = wide::narrowed32<wide::Nearest::kSignedByte>(text + 32);
-  const std::uint64_t semicolons = places(low, high, ';');
-  std::uint64_t ampersands = places(low, high, '&');
+  const std::uint64_t semicolons = wide::placesOf(';', low, high);
+  std::uint64_t ampersands = wide::placesOf('&', low, high);
   char32_t* out = decoded;
   unsigned run = 0;  // the first code point that isn't written yet
   unsigned stop = kWindow;

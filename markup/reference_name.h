@@ -48,10 +48,11 @@ struct ReferenceName {
   }
 }
 
-/// False for names that can't be in the table because U+0000 is the last of their characters: packed, they look like
-/// shorter ones.
-[[nodiscard]] constexpr bool isDistinct(ReferenceName name) noexcept {
-  return name.packed >> (8 * (name.length - 1)) != 0;
+/// False for names that need no lookup: table names begin with a letter, and packed, a name with U+0000 as its last
+/// character looks like a shorter one.
+[[nodiscard]] constexpr bool mayBeEntity(ReferenceName name) noexcept {
+  const auto first = static_cast<std::uint32_t>(name.packed & 0xFF);
+  return ((first | 0x20) - 'a') < 26 && name.packed >> (8 * (name.length - 1)) != 0;
 }
 
 }  // namespace entity_decoder

@@ -24,14 +24,8 @@ struct Sorted {
   std::uint64_t inside;
 };
 
-[[nodiscard]] AVX2_FUNCTION inline std::uint64_t places(__m256i low, __m256i high, std::uint8_t byte) noexcept {
-  const __m256i wanted = wide::all(byte);
-  return wide::bits(_mm256_cmpeq_epi8(low, wanted)) | std::uint64_t{wide::bits(_mm256_cmpeq_epi8(high, wanted))}
-                                                          << wide::kVector;
-}
-
 [[nodiscard]] AVX2_FUNCTION inline Brackets bracketsOf(__m256i low, __m256i high) noexcept {
-  return {places(low, high, '<'), places(low, high, '>'), places(low, high, 0)};
+  return {wide::placesOf('<', low, high), wide::placesOf('>', low, high), wide::placesOf(0, low, high)};
 }
 
 /// Bit n is set when an odd number of the bits up to and including n are.

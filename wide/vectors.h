@@ -29,6 +29,12 @@ AVX2_FUNCTION inline std::uint32_t bits(__m256i mask) noexcept {
   return static_cast<std::uint32_t>(_mm256_movemask_epi8(mask));
 }
 
+/// One bit for each of 64 bytes, in two vectors, that is the given one.
+AVX2_FUNCTION inline std::uint64_t placesOf(std::uint8_t byte, __m256i low, __m256i high) noexcept {
+  const __m256i wanted = all(byte);
+  return bits(_mm256_cmpeq_epi8(low, wanted)) | std::uint64_t{bits(_mm256_cmpeq_epi8(high, wanted))} << kVector;
+}
+
 /// The bits below a position from 0 to 32.
 AVX2_FUNCTION inline std::uint32_t below(std::uint32_t mask, unsigned position) noexcept {
   return _bzhi_u32(mask, position);
