@@ -35,7 +35,7 @@ const bool ready = (g_mime_init(), true);
 const PeerLines lines{
     {"quoted-printable encode", "GMime", quotedPrintable<true>, "lines of 76, keeps the line breaks of the text"},
     {"quoted-printable decode", "GMime", quotedPrintable<false>, "keeps CR LF, copies bad escapes"},
-    {"e-mail subject", "GMime", encodeSubject, "splits into words of 75 characters, chooses B or Q"},
+    {"e-mail subject", "GMime", encodeSubject, "splits into words of 75 characters, chooses B or Q", true},
     {"yEnc decode", "GMime", decodeYenc, "reads header lines, computes a checksum"},
 };
 
