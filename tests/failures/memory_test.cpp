@@ -36,8 +36,10 @@ bool isEmptyResult(const std::string& method, const Outcome& outcome) {
   if (const auto* text = std::get_if<Text>(&outcome.result)) return text->null;
   if (const auto* value = std::get_if<Block>(&outcome.result)) return value->nil;
   if (method == "LevenshteinDistanceZQV") return outcome.number() == 1.0;
-  // A text that could not be copied is empty, and as far from the other as can be.
-  if (method == "JaroWinklerDistanceZQV") return outcome.number() == (outcome.exception ? 0.0 : 1.0);
+  // A text that could not be copied is empty: equal to another such one, and as far as can be from any other.
+  if (method == "JaroWinklerDistanceZQV") {
+    return outcome.number() == 0.0 || (!outcome.exception && outcome.number() == 1.0);
+  }
   return false;
 }
 
