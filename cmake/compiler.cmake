@@ -5,7 +5,15 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
-set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+
+# SANITIZE: what -fsanitize= gets; every target is built with it, and stops at the first finding.
+set(SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined")
+
+if(SANITIZE)
+  set(CMAKE_CXX_FLAGS_RELEASE "-O1")
+else()
+  set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+endif()
 
 if(NOT CMAKE_BUILD_TYPE)
   set(CMAKE_BUILD_TYPE Release)
@@ -30,8 +38,6 @@ elseif(CMAKE_CROSSCOMPILING)
   target_link_options(compiler_options INTERFACE -static-libstdc++ -static-libgcc)
 endif()
 
-# SANITIZE: what -fsanitize= gets; every target is built with it, and stops at the first finding.
-set(SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined")
 if(SANITIZE)
   target_compile_options(compiler_options INTERFACE
     -fsanitize=${SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -g1)

@@ -19,15 +19,6 @@ std::uint8_t* appendBlocks(std::uint8_t* out, const std::uint8_t* text, std::int
   return out + size;
 }
 
-std::uint8_t* appendLineBreak(std::uint8_t* out) noexcept {
-  return std::copy(EncodeData::line_break.begin(), EncodeData::line_break.end(), out);
-}
-
-std::uint8_t* appendSoftBreak(std::uint8_t* out) noexcept {
-  *out = '=';
-  return appendLineBreak(out + 1);
-}
-
 }  // namespace
 
 bool EncodeData::encodeTo(OutputBuffer& output) noexcept {
@@ -66,7 +57,8 @@ std::int64_t EncodeData::stepRoom() const noexcept {
 
 bool EncodeData::atLineBreak() const noexcept { return position_ != input_.size() && isLineBreak(input_[position_]); }
 
-/// Encodes some bytes, a line at most, and the line breaks after them.
+/// Encodes some bytes, those of one line at most, and the line breaks after them. Escapes come first, into a block of
+/// their own; then it is known where lines end.
 void EncodeData::step() noexcept {
   constexpr std::size_t kGuard = 2;  // `emitText` looks back that far
   std::uint8_t block[kGuard + 3 * kStepSize + quoted_printable::kEscapeMargin];
@@ -85,24 +77,19 @@ void EncodeData::step() noexcept {
   if (position_ < end && atLineBreak()) encodeLineBreaks(end);
 }
 
+/// @param end  where the step ends; a pair may reach one byte beyond
 void EncodeData::encodeLineBreaks(std::size_t end) noexcept {
   if (heldBack_ != 0) emit_hex_encoded(heldBack_);
   heldBack_ = 0;
   const std::uint8_t* const inputEnd = input_.data() + input_.size();
   const std::uint8_t* const stop = input_.data() + std::min(input_.size(), end);
   const std::uint8_t* in = input_.data() + position_;
-  std::uint8_t* out = out_;
   while (in < stop && isLineBreak(*in)) {
     const std::uint8_t first = *in;
-    while (in < stop && *in == first) {
-      out = appendLineBreak(out);
-      ++in;
-    }
+    for (; in < stop && *in == first; ++in) output_line_break();
     if (in != inputEnd && *in == quoted_printable::otherLineBreak(first)) ++in;  // pairs with the last one
   }
   position_ = static_cast<std::size_t>(in - input_.data());
-  out_ = out;
-  column_ = 0;
   hadLineBreak_ = true;
 }
 
@@ -125,13 +112,13 @@ void EncodeData::emit_hex_encoded(std::uint8_t byte) noexcept {
 }
 
 void EncodeData::output_line_break() noexcept {
-  out_ = appendLineBreak(out_);
+  out_ = std::copy(line_break.begin(), line_break.end(), out_);
   column_ = 0;
 }
 
 void EncodeData::softBreak() noexcept {
-  out_ = appendSoftBreak(out_);
-  column_ = 0;
+  *out_++ = '=';
+  output_line_break();
 }
 
 /// Writes text with its escapes, broken into lines, as if character by character and escape by escape. An "=" in it
@@ -140,17 +127,15 @@ void EncodeData::softBreak() noexcept {
 void EncodeData::emitText(const std::uint8_t* text, std::int64_t size) noexcept {
   const std::int64_t capacity = lineLimit_ - 2;
   if (capacity < 3) return emitInNarrowLines(text, size);
-  std::uint8_t* out = out_;
-  std::int64_t room = capacity - column_;
-  while (size > room) {
+  for (std::int64_t room = capacity - column_; size > room; room = capacity) {
     const std::int64_t length = room - (text[room - 1] == '=' ? 1 : 0) - (text[room - 2] == '=' ? 2 : 0);
-    out = appendSoftBreak(appendBlocks(out, text, length));
+    out_ = appendBlocks(out_, text, length);
+    softBreak();
     text += length;
     size -= length;
-    room = capacity;
   }
-  out_ = appendBlocks(out, text, size);
-  column_ = capacity - room + size;
+  out_ = appendBlocks(out_, text, size);
+  column_ += size;
 }
 
 /// Writes text with its escapes where the limit is too small for an escape, which then has a line of its own.

@@ -1,0 +1,16 @@
+/// Whether a peer answers as we do. Nothing is timed before that is known.
+#pragma once
+
+#include <vector>
+
+#include "bench/run/hosted.h"
+
+enum class Agreement {
+  kSame,
+  kDiffers,
+  kDoesLess,  ///< differs, and its answers are shorter than ours by more than a tenth: it left work undone
+  kNoAnswer,
+};
+
+/// Gives a peer each call's operands and compares what it says with what our method said.
+[[nodiscard]] Agreement compare(const std::vector<Call>& calls, const Peer& peer);

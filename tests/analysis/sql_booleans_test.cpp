@@ -1,0 +1,119 @@
+/// The rewriting of booleans in SQL.
+#include "analysis/sql_booleans.h"
+
+#include <doctest/doctest.h>
+#include <string>
+#include <string_view>
+
+#include "tests/reference/sql_booleans.h"
+#include "tests/support/placed_bytes.h"
+#include "tests/support/random_bytes.h"
+
+using namespace std::string_view_literals;
+using sql_booleans::Progress;
+
+namespace {
+
+constexpr std::uint32_t kSeed = 0x5351'4C21;
+
+std::size_t replaceScalar(ByteView sql, ByteSpan out) noexcept {
+  Progress progress;
+  sql_booleans::scalar::rewrite(sql, out, progress);
+  return progress.written;
+}
+
+#ifdef WIDE_AVX2
+std::size_t replaceWide(ByteView sql, ByteSpan out) noexcept {
+  Progress progress;
+  sql_booleans::avx2::rewrite(sql, out, progress);
+  sql_booleans::scalar::rewrite(sql, out, progress);
+  return progress.written;
+}
+#endif
+
+using Kernel = std::size_t (*)(ByteView, ByteSpan) noexcept;
+
+std::string replaced(std::string_view sql, Kernel kernel = sql_booleans::replace) {
+  const PlacedBytes in(sql, sql.size() % 33);
+  const PlacedBytes out(sql.size(), sql.size() % 31);
+  const std::size_t size = kernel(in.span(), out.span());
+  CHECK(out.marginsIntact());
+  return out.text().substr(0, size);
+}
+
+struct Case {
+  const char* name;
+  std::string_view sql;
+  std::string_view result;
+};
+
+constexpr Case kCases[] = {
+    {"nothing", "", ""},
+    {"a whole statement", "UPDATE t SET a = TRUE, b = false WHERE d = True;", "UPDATE t SET a = 1, b = 0 WHERE d = 1;"},
+    {"a word alone", "false", "0"},
+    {"at the end", "a = true", "a = 1"},
+    {"parentheses and commas", "VALUES(true,false)", "VALUES(1,0)"},
+    {"strings and names", "s = 'true' AND n = \"false\"", "s = 'true' AND n = \"false\""},
+    {"a doubled quote", "'it''s true' true", "'it''s true' 1"},
+    {"a quote in the other kind of quotes", "\"it's\" true '\"' false", "\"it's\" 1 '\"' 0"},
+    {"an open quote", "true 'false \" true", "1 'false \" true"},
+    {"right after a quote", "'a'true \"b\"false", "'a'true \"b\"false"},
+    {"a backslash", R"('a\' true)", R"('a\' 1)"},
+    {"word bytes around", "x=true truely istrue -true true. tru fals", "x=true truely istrue -true true. tru fals"},
+    {"case", "TrUe fAlSe", "1 0"},
+    {"delimiters of all kinds", "\ttrue\0false;\xC3\xA9true\x80"sv,
+     "\t1\0"
+     "0;\xC3\xA9"
+     "1\x80"sv},
+    {"the delete character is none", "true\x7F \x7Ftrue", "true\x7F \x7Ftrue"},
+    {"characters that differ from letters in one bit", "TRU\x05 \x54RUE D\x52UE", "TRU\x05 1 D\x52UE"},
+    {"a comment", "-- is true", "-- is 1"},
+};
+
+TEST_CASE("SQL booleans: examples") {
+  for (const Case& c : kCases) {
+    CAPTURE(c.name);
+    CHECK(replaced(c.sql) == c.result);
+    CHECK(reference::booleansReplaced(c.sql) == c.result);
+  }
+}
+
+TEST_CASE("SQL booleans: all forms agree with the reference on random statements") {
+  constexpr std::string_view kPieces[] = {"true", "FALSE", "True", "falsE", "tru",  "fal",   "\"",   "'",     "''",
+                                          " ",    "\n",    " ",    "(",     ")",    ",",     ";",    "=",     "x",
+                                          "\x80", "\0"sv,  "t",    "f",     "true", "false", "word", " AND ", "  "};
+  RandomBytes random(kSeed);
+  for (int i = 0; i < 4000; ++i) {
+    const std::size_t pieces = random.below(i % 4 == 0 ? 100 : 25);
+    const std::size_t choices = i % 3 == 0 ? std::size(kPieces) : 6;
+    std::string sql;
+    for (std::size_t k = 0; k < pieces; ++k) {
+      sql += kPieces[(random.below(choices) * (1 + random.below(4))) % std::size(kPieces)];
+      if (i % 2 == 0) sql += ' ';
+    }
+    CAPTURE(sql);
+    const std::string expected = reference::booleansReplaced(sql);
+    CHECK((replaced(sql) == expected));
+    CHECK((replaced(sql, replaceScalar) == expected));
+#ifdef WIDE_AVX2
+    if (cpu::hasAvx2()) CHECK((replaced(sql, replaceWide) == expected));
+#endif
+  }
+}
+
+TEST_CASE("SQL booleans: a word at every place of a long statement") {
+  for (const std::string_view word : {"TRUE", "FALSE"}) {
+    for (std::size_t place = 0; place <= 200; ++place) {
+      CAPTURE(place);
+      std::string sql(200, ' ');
+      sql.insert(place, word);
+      const std::string expected =
+          std::string(place, ' ') + (word == "TRUE" ? "1" : "0") + std::string(200 - place, ' ');
+      CHECK((replaced(sql) == expected));
+      sql.insert(place / 2, "'");
+      CHECK((replaced(sql) == sql));
+    }
+  }
+}
+
+}  // namespace
