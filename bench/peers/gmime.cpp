@@ -24,8 +24,8 @@ void encodeSubject(const Operands& in, AnswerSink& answer) {
 
 void decodeYenc(const Operands& in, AnswerSink& answer) {
   int state = GMIME_YDECODE_STATE_INIT | GMIME_YDECODE_STATE_BEGIN;
-  guint32 partSum = GMIME_YENCODE_CRC_INIT;
-  guint32 sum = GMIME_YENCODE_CRC_INIT;
+  auto partSum = static_cast<guint32>(GMIME_YENCODE_CRC_INIT);
+  auto sum = static_cast<guint32>(GMIME_YENCODE_CRC_INIT);
   answer.text(in.out(),
               g_mime_ydecode_step(in.first().data(), in.first().size(), in.scratch.data(), &state, &partSum, &sum));
 }
