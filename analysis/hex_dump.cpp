@@ -83,7 +83,7 @@ void forEachPlace(const Layout& layout, std::uint8_t* text, std::int64_t width, 
   const std::int64_t groupsBefore = index / groupPlaces;
   const std::int64_t linesBefore = groupsBefore / layout.lineGroups;
   const std::int64_t afterGroup = std::ssize(layout.spacer);
-  const std::int64_t afterLine = std::ssize(layout.lineEnd) + std::ssize(layout.lineStart);
+  const std::int64_t afterLine = saturatingSum(std::ssize(layout.lineEnd), std::ssize(layout.lineStart));
   std::int64_t placesLeft = groupPlaces - index % groupPlaces;
   std::int64_t groupsLeft = layout.lineGroups - groupsBefore % layout.lineGroups;
   std::uint8_t* out = text + std::ssize(layout.lineStart) + index * width + groupsBefore * afterGroup +
@@ -140,7 +140,7 @@ std::int64_t hex_dump::digitCount(std::int64_t byteCount, const Layout& layout) 
 }
 
 std::int64_t hex_dump::lineSize(const Layout& layout) noexcept {
-  const std::int64_t frame = std::ssize(layout.lineStart) + std::ssize(layout.lineEnd);
+  const std::int64_t frame = saturatingSum(std::ssize(layout.lineStart), std::ssize(layout.lineEnd));
   const std::int64_t spacers = saturatingProduct(layout.lineGroups - 1, std::ssize(layout.spacer));
   return saturatingSum(saturatingSum(frame, layout.lineDigits()), spacers);
 }

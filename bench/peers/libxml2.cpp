@@ -29,7 +29,9 @@ void toHtml(const Operands& in, AnswerSink& answer) { convert(in, answer, UTF8To
 void toLatin1(const Operands& in, AnswerSink& answer) { convert(in, answer, UTF8Toisolat1); }
 void fromLatin1(const Operands& in, AnswerSink& answer) { convert(in, answer, isolat1ToUTF8); }
 
+/// Texts of more than a mebibyte are refused by some of its functions, with a message.
 void give(xmlChar* text, AnswerSink& answer) {
+  if (text == nullptr) return;
   answer.text(reinterpret_cast<const char*>(text));
   xmlFree(text);
 }
@@ -41,6 +43,10 @@ void unescapeUri(const Operands& in, AnswerSink& answer) {
   const char* const end = xmlURIUnescapeString(in.chars(), static_cast<int>(in.first().size()), in.out());
   answer.text(end);
 }
+
+void ignoreMessage(void*, const char*, ...) {}
+
+const bool quiet = (xmlSetGenericErrorFunc(nullptr, ignoreMessage), true);
 
 const PeerLines lines{
     {"HTML encode", "libxml2 htmlEncodeEntities", encodeEntities, "keeps the apostrophe"},

@@ -38,5 +38,5 @@ Agreement compare(const std::vector<Call>& calls, const Peer& peer) {
     theirs += recorder.answer().size();
   }
   if (same) return Agreement::kSame;
-  return theirs < ours - ours / 10 ? Agreement::kDoesLess : Agreement::kDiffers;
+  return !peer.isTerser && theirs < ours - ours / 10 ? Agreement::kDoesLess : Agreement::kDiffers;
 }

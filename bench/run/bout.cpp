@@ -104,7 +104,7 @@ void Bout::prepare(const Case& test, const Corpus& corpus, std::size_t size) {
 }
 
 void Bout::add(std::string name, Kind kind, std::function<void()> run, std::string rule) {
-  contenders_.push_back({{std::move(name), kind, 0, 0, std::move(rule), true}, std::move(run)});
+  contenders_.push_back({{std::move(name), kind, 0, 0, 0, std::move(rule), true}, std::move(run)});
 }
 
 void Bout::addMethod() {
@@ -151,7 +151,6 @@ void Bout::addPeers(const Case& test) {
     if (differs && peer.rule == nullptr) unexplained_.push_back(result_.key() + ": " + peer.name);
     add(peer.name, Kind::kPeer, hostedPeer(calls_, test.opens, peer.run),
         differs && peer.rule != nullptr ? peer.rule : "");
-    // Numbers have no work to leave undone: shorter ones are a different choice of digits.
-    contenders_.back().figure.counts = agreement != Agreement::kDoesLess || test.unit == "number";
+    contenders_.back().figure.counts = agreement != Agreement::kDoesLess;
   }
 }

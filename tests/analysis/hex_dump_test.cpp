@@ -97,6 +97,7 @@ TEST_CASE("hex dump: every length of the usual layouts") {
     checkAgainstReference(bytes, {2, 16, "", "\n", " ", ""});
     checkAgainstReference(bytes, {2, 300, "> ", "\r\n", ":", "--"});
     checkAgainstReference(bytes, {64, 1, "", "\n", "", ""});
+    checkAgainstReference(bytes, {16, 300, "", "\n", "", "-"});
   }
   checkAgainstReference("A", {2, 100'000, "", "\n", " ", ""});
   checkAgainstReference(random(5000), {2, 4000, "", "\n", ", ", "."});

@@ -102,16 +102,16 @@ TEST_CASE("SQL booleans: all forms agree with the reference on random statements
 }
 
 TEST_CASE("SQL booleans: a word at every place of a long statement") {
-  for (const std::string_view word : {"TRUE", "FALSE"}) {
-    for (std::size_t place = 0; place <= 200; ++place) {
+  for (std::size_t place = 0; place <= 200; ++place) {
+    for (const std::size_t after : {std::size_t{0}, std::size_t{31}, std::size_t{32}, 200 - place}) {
       CAPTURE(place);
-      std::string sql(200, ' ');
-      sql.insert(place, word);
-      const std::string expected =
-          std::string(place, ' ') + (word == "TRUE" ? "1" : "0") + std::string(200 - place, ' ');
-      CHECK((replaced(sql) == expected));
-      sql.insert(place / 2, "'");
-      CHECK((replaced(sql) == sql));
+      CAPTURE(after);
+      const std::string before(place, ' ');
+      const std::string rest(after, ' ');
+      CHECK((replaced(before + "TRUE" + rest) == before + "1" + rest));
+      CHECK((replaced(before + "FALSE" + rest) == before + "0" + rest));
+      const std::string quoted = before.substr(place / 2) + "'" + before + "FALSE" + rest;
+      CHECK((replaced(quoted) == quoted));
     }
   }
 }

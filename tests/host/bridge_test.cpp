@@ -19,7 +19,7 @@ std::string joined(const Names& names) {
 
 TEST_CASE("the services of one call of each kind, in order") {
   struct Case {
-    const char* name;
+    std::string name;
     double version;
     const char* method;
     std::vector<Argument> arguments;
@@ -109,16 +109,17 @@ TEST_CASE("a service is looked up once when it is there, and again each time whi
 
 namespace {
 
-/// Something for every parameter: enough text that no work area on the stack is used.
+/// Something for every parameter; the first text is too long for any work area on the stack.
 std::vector<Argument> someArguments(const Method& method) {
   std::vector<Argument> arguments;
   for (const Parameter& parameter : method.declaration.parameters) {
+    const std::string text(arguments.empty() ? 1100 : 3, 'e');
     switch (parameter.type) {
       case Type::kString:
-        arguments.emplace_back(utf8("é<&" + std::string(3000, 'e')));
+        arguments.emplace_back(utf8("é<&" + text));
         break;
       case Type::kMemoryBlock:
-        arguments.emplace_back(block(std::string(3000, 'e')));
+        arguments.emplace_back(block(text));
         break;
       case Type::kInteger:
         arguments.emplace_back(std::int32_t{2});
@@ -134,44 +135,32 @@ std::vector<Argument> someArguments(const Method& method) {
   return arguments;
 }
 
-}  // namespace
-
-TEST_CASE("whichever service is missing, every method returns and keeps its accounts") {
-  const Names countingReferences = {"REALLockString", "REALUnlockString", "REALLockObject", "REALUnlockObject",
-                                    "PluginDisposeStringData"};
-  for (const double version : {2011.04, 2012.0, 2015.02, 2023.1}) {
-    for (const char* service : kServiceNames) {
-      if (std::string_view(service).starts_with("PluginRegister")) continue;
-      if (service == "REALGetRBVersion"sv) continue;  // such a host would have the structure of the oldest ones
-      CAPTURE(version);
-      CAPTURE(service);
-      Session session({.version = version, .without = {service}});
-      const bool counts = std::ranges::find(countingReferences, service) == countingReferences.end();
-      for (const Method& method : session.methods()) {
-        const Outcome outcome = session.call(method, someArguments(method));
-        if (counts) CHECK_MESSAGE(outcome.balanced, method.declaration.name << ": " << violationsOf(outcome));
-      }
-    }
+/// Calls every method once. What the plugin did wrong, a line for each finding.
+std::string violationsOfAllMethods(const Options& options) {
+  Session session(options);
+  std::string lines;
+  for (const Method& method : session.methods()) {
+    const Outcome outcome = session.call(method, someArguments(method));
+    if (!outcome.balanced) lines += method.declaration.name + ": " + violationsOf(outcome);
   }
+  return lines;
 }
 
-TEST_CASE("whichever service fails at each of its first calls, every method returns and keeps its accounts") {
-  for (const double version : {2011.04, 2015.02, 2023.1}) {
-    for (const char* service :
-         {"StringGetCString", "LenB", "PluginGetStringData", "REALConvertString", "REALBuildStringWithEncoding",
-          "REALBuildString", "memoryBlockGetPtr", "newMemoryBlock"}) {
-      for (int nth = 1; nth <= 3; ++nth) {
-        CAPTURE(version);
-        CAPTURE(service);
-        CAPTURE(nth);
-        Session listed({.version = version});
-        for (const Method& method : listed.methods()) {
-          Session session({.version = version, .failing = {{service, nth}}});
-          const Outcome outcome = session.call(
-              session.method(method.declaration.name, method.declaration.parameters.size()), someArguments(method));
-          CHECK_MESSAGE(outcome.balanced, method.declaration.name << ": " << violationsOf(outcome));
-        }
-      }
+}  // namespace
+
+TEST_CASE("whichever service is missing or fails, every method returns and keeps its accounts") {
+  for (const double version : {2011.04, 2012.0, 2015.02, 2023.1}) {
+    for (const std::string service : kServiceNames) {
+      if (service.starts_with("PluginRegister")) continue;
+      if (service == "REALGetRBVersion") continue;  // such a host would have the structure of the oldest ones
+      CAPTURE(version);
+      CAPTURE(service);
+      const std::string missing = violationsOfAllMethods({.version = version, .without = {service}});
+      const std::string failing = violationsOfAllMethods({.version = version, .failing = {{service, 0}}});
+      // Without the services that count them, references can't balance.
+      if (service.find("ock") != std::string::npos || service == "PluginDisposeStringData") continue;
+      CHECK(missing == "");
+      CHECK(failing == "");
     }
   }
 }

@@ -51,7 +51,7 @@ TEST_CASE("text without an encoding is ASCII, or Mac Roman where it has a byte o
 
 TEST_CASE("byte-order marks at the start of the text itself") {
   struct Case {
-    const char* name;
+    std::string name;
     std::u16string units;
     std::string_view text;
   };
