@@ -56,6 +56,7 @@ void run(const Options& options) {
   connectBridge();
   Terminal terminal;
   if (!missingPeers().empty()) terminal.note("Peers that are not here: " + missingPeers());
+  if (options.explain) return explainAll(wanted(tasksOf(cases), options), terminal);
   const Field field{!options.quick, !options.quick};
   const std::vector<Result> results = runAll(wanted(tasksOf(cases), options), field, options.effort, terminal);
   if (options.costs) {

@@ -55,7 +55,7 @@ const PeerLines lines{
     {"to ISO-8859-1", "libxml2 UTF8Toisolat1", toLatin1, nullptr},
     {"from ISO-8859-1", "libxml2 isolat1ToUTF8", fromLatin1, nullptr},
     {"URL encode", "libxml2 xmlURIEscapeStr", escapeUri, "keeps ~ ' ( ), escapes +"},
-    {"URL decode", "libxml2 xmlURIUnescapeString", unescapeUri, "keeps what is no escape"},
+    {"URL decode", "libxml2 xmlURIUnescapeString", unescapeUri, "keeps what is no escape, ends at a zero byte"},
 };
 
 }  // namespace

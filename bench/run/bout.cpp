@@ -145,12 +145,14 @@ void Bout::addKernels(const Case& test) {
 
 void Bout::addPeers(const Case& test) {
   for (const Peer& peer : peersFor(test.job)) {
-    const Agreement agreement = compare(calls_, peer);
-    if (agreement == Agreement::kNoAnswer) continue;
-    const bool differs = agreement != Agreement::kSame;
-    if (differs && peer.rule == nullptr) unexplained_.push_back(result_.key() + ": " + peer.name);
-    add(peer.name, Kind::kPeer, hostedPeer(calls_, test.opens, peer.run),
-        differs && peer.rule != nullptr ? peer.rule : "");
-    contenders_.back().figure.counts = agreement != Agreement::kDoesLess;
+    const Finding finding = compare(calls_, peer);
+    if (finding.agreement == Agreement::kNoAnswer) continue;
+    const bool differs = finding.agreement != Agreement::kSame;
+    const std::string rule = peer.rule != nullptr ? peer.rule : "";
+    if (differs && rule.empty()) unexplained_.push_back(result_.key() + ": " + peer.name);
+    if (differs)
+      differences_.push_back(std::string(peer.name) + ", " + rule + ": " + finding.ours + " ≠ " + finding.theirs);
+    add(peer.name, Kind::kPeer, hostedPeer(calls_, test.opens, peer.run), differs ? rule : "");
+    contenders_.back().figure.counts = finding.agreement != Agreement::kDoesLess;
   }
 }
