@@ -27,14 +27,15 @@ void connectBridge() {
 }
 
 void reportChanges(const std::filesystem::path& baseline, const std::vector<Result>& results) {
-  std::size_t compared = 0;
-  const std::vector<Change> changes = changesSince(baseline, results, compared);
-  std::printf("\nAgainst the figures of the last commit (%zu cases, relative to memcpy):\n", compared);
-  for (const Change& change : changes) {
-    std::printf("  %-60s %s %s\n", change.key.c_str(), figures::ratio(change.now / change.before).c_str(),
-                change.now < change.before ? "SLOWER" : "faster");
+  const Comparison comparison = compareWith(baseline, results);
+  std::printf("\nAgainst the figures of the last commit, relative to memcpy: %s over all %zu cases\n",
+              figures::ratio(comparison.overall).c_str(), comparison.count);
+  for (const Change& change : comparison.changes) {
+    const double ratio = change.now / change.before;
+    std::printf("  %-60s %s %s\n", change.key.c_str(), figures::ratio(ratio).c_str(),
+                ratio < comparison.overall ? "SLOWER" : "faster");
   }
-  if (changes.empty()) std::printf("  nothing changed beyond noise\n");
+  if (comparison.changes.empty()) std::printf("  no case differs from that beyond noise\n");
 }
 
 void write(const Options& options, const std::vector<Result>& results, const Costs& costs) {
@@ -55,6 +56,7 @@ void run(const Options& options) {
   connectBridge();
   Terminal terminal;
   if (!missingPeers().empty()) terminal.note("Peers that are not here: " + missingPeers());
+  if (options.explain) return explainAll(wanted(tasksOf(cases), options), terminal);
   const Field field{!options.quick, !options.quick};
   const std::vector<Result> results = runAll(wanted(tasksOf(cases), options), field, options.effort, terminal);
   if (options.costs) {

@@ -18,6 +18,7 @@ Options parsed(int argc, char** argv) {
   app.add_option("--rounds", options.effort.rounds, "rounds of all contenders");
   app.add_option("--seconds", options.effort.secondsEach, "of each contender in a round, at least");
   app.add_flag("--costs", options.costs, "also growth, memory and loading");
+  app.add_flag("--explain", options.explain, "show where answers of peers differ, time nothing");
   app.add_flag("--quick", options.quick, "no peers, two sizes");
   try {
     app.parse(argc, argv);

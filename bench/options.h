@@ -18,6 +18,7 @@ struct Options {
   Effort effort;
   bool quick = false;
   bool costs = false;
+  bool explain = false;
 };
 
 /// Ends the program where the command line asks for help or is wrong.

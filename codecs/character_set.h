@@ -21,7 +21,7 @@ class CharacterSet {
 
   consteval explicit CharacterSet(const CharacterTable& table) : characters(table) {
     rows_.fill(emptyRow());
-    for (unsigned byte = 255; byte < 256; --byte) addToPages(byte);  // downwards: the first of equal entries stays
+    for (unsigned byte = 256; byte-- > 0;) addToPages(byte);  // downwards: the first of equal entries stays
     for (unsigned byte = 0x80; byte < 0xA0; ++byte) addToRows(byte);
   }
 

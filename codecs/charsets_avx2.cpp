@@ -3,8 +3,6 @@
 
 #ifdef WIDE_AVX2
 
-#include <cstring>
-
 #include "wide/compaction.h"
 #include "wide/partial_vector.h"
 #include "wide/vectors.h"

@@ -1,10 +1,10 @@
 /// The plain form of the subject encoder, and the choice between the forms.
 #include "codecs/email_subject.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include "codecs/hex_escapes.h"
+#include "wide/byte_word.h"
 
 namespace {
 
@@ -75,8 +75,15 @@ bool email_subject::encode(ByteView text, OutputBuffer& word) noexcept {
 }
 
 std::size_t email_subject::scalar::findNotPlain(ByteView text) noexcept {
+  constexpr std::size_t kWord = 8;
   const auto isPlain = [](std::uint8_t byte) { return byte >= 0x20 && byte <= 0x7F; };
-  return static_cast<std::size_t>(std::ranges::find_if_not(text, isPlain) - text.begin());
+  std::size_t i = 0;
+  for (; text.size() - i >= kWord; i += kWord) {
+    const std::uint64_t word = byte_word::load(text.data() + i);
+    if (((word | (word - byte_word::kOnes * 0x20)) & byte_word::kHighBits) != 0) break;
+  }
+  while (i < text.size() && isPlain(text[i])) ++i;
+  return i;
 }
 
 std::size_t email_subject::scalar::countEscapes(ByteView text) noexcept {

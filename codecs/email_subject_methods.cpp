@@ -1,4 +1,4 @@
-#include <algorithm>
+#include <cstring>
 
 #include "codecs/email_subject.h"
 #include "codecs/methods.h"
@@ -13,8 +13,9 @@ REALstringStruct* EncodeEmailSubjectZQV(REALstringStruct* s) noexcept {
   const ByteView notPlain = text.subspan(email_subject::findNotPlain(text));
   if (notPlain.empty() || notPlain.front() == 0) return sameString(s);  // a zero byte ends the text
 
-  const auto end = std::ranges::find(notPlain, std::uint8_t{0}) - text.begin();
+  const void* const zero = std::memchr(notPlain.data(), 0, notPlain.size());
+  const ByteView subject = zero == nullptr ? text : ByteView(text.data(), static_cast<const std::uint8_t*>(zero));
   OutputBuffer word;
-  if (!email_subject::encode(text.first(static_cast<std::size_t>(end)), word)) return nullptr;
+  if (!email_subject::encode(subject, word)) return nullptr;
   return REALBuildUnicodeString(word.data(), word.size(), kEncodingASCII);
 }

@@ -1,4 +1,5 @@
-/// "=XX" escapes: how quoted-printable text and encoded words write the bytes that may not stand for themselves.
+/// "=XX" and "%XX" escapes: how quoted-printable text, encoded words and URLs write the bytes that may not stand for
+/// themselves.
 #pragma once
 
 #include <array>

@@ -1,4 +1,4 @@
-/// "=XX" escapes, 32 bytes at a time.
+/// "=XX" and "%XX" escapes, 32 bytes at a time.
 #pragma once
 
 #include "codecs/hex_digits_avx2.h"
@@ -8,7 +8,7 @@
 
 namespace avx2 {
 
-/// Four bytes as [character, "=", high digit, low digit] each. For each choice of those that are escaped: the
+/// Four bytes as [character, mark, high digit, low digit] each. For each choice of those that are escaped: the
 /// shuffle that keeps one character, or the other three, of each.
 inline constexpr auto kQuadRows = [] {
   std::array<std::array<std::uint8_t, 16>, 16> rows{};

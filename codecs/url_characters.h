@@ -19,7 +19,8 @@ inline constexpr std::array<EscapedByte, 128> escapechars = [] {
   std::array<EscapedByte, 128> texts{};
   for (std::size_t value = 0; value < texts.size(); ++value) {
     const auto byte = static_cast<std::uint8_t>(value);
-    texts[value] = kLiteral.find(static_cast<char>(byte)) != kLiteral.npos ? literal(byte) : hexEscape(byte, kEscape);
+    texts[value] =
+        kLiteral.find(static_cast<char>(byte)) != std::string_view::npos ? literal(byte) : hexEscape(byte, kEscape);
   }
   return texts;
 }();

@@ -31,6 +31,11 @@ AVX2_FUNCTION inline __m256i charactersOf(__m256i bytes) noexcept {
   return _mm256_blendv_epi8(bytes, all('+'), _mm256_cmpeq_epi8(bytes, all(' ')));
 }
 
+/// What escapes take beyond the bytes themselves.
+AVX2_FUNCTION inline std::size_t added(std::uint32_t escaped) noexcept {
+  return 2 * static_cast<std::size_t>(_mm_popcnt_u32(escaped));
+}
+
 }  // namespace
 
 AVX2_FUNCTION std::size_t url::avx2::encode(ByteView bytes, Options options, ByteSpan text) noexcept {
@@ -50,7 +55,7 @@ AVX2_FUNCTION std::size_t url::avx2::encode(ByteView bytes, Options options, Byt
     } else {
       ::avx2::storeEscaped(out, block, charactersOf(block), escaped, kEscape);
     }
-    out += kVector + 2 * _mm_popcnt_u32(escaped);
+    out += kVector + added(escaped);
   }
   const auto done = static_cast<std::size_t>(out - text.data());
   const std::size_t touched = kVector + 2 * left + kEscapeOverrun;
@@ -60,7 +65,7 @@ AVX2_FUNCTION std::size_t url::avx2::encode(ByteView bytes, Options options, Byt
   const __m256i block = wide::loadUpTo32(in, left);
   const std::uint32_t escaped = wide::below(escapedIn(block, literalRows), static_cast<unsigned>(left));
   ::avx2::storeEscaped(out, block, charactersOf(block), escaped, kEscape);
-  return done + left + 2 * static_cast<unsigned>(_mm_popcnt_u32(escaped));
+  return done + left + added(escaped);
 }
 
 #endif  // WIDE_AVX2

@@ -8,7 +8,7 @@ StringContents contentsFromServices(REALstringStruct* string) noexcept {
   const auto getContents = REALGetStringContents.find();
   const auto getLength = LenB.find();
   StringContents contents;
-  if (getLength != nullptr) contents.length = getLength(string);
+  contents.length = getLength != nullptr ? getLength(string) : -1;
   if (getContents != nullptr) contents.data = static_cast<const std::uint8_t*>(getContents(string));
   return contents;
 }

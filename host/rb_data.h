@@ -9,12 +9,15 @@ struct StringContents {
   const std::uint8_t* data = nullptr;
   std::int32_t length = 0;
 
+  /// False when there is a length but no bytes to it, or the length is unknown (below 0).
+  [[nodiscard]] bool reachable() const noexcept { return length == 0 || (length > 0 && data != nullptr); }
+
   [[nodiscard]] ByteView bytes() const noexcept {
     return data != nullptr && length > 0 ? ByteView{data, static_cast<std::size_t>(length)} : ByteView{};
   }
 };
 
-/// Asks the host where the bytes lie, through "StringGetCString" and LenB.
+/// Asks the host where the bytes lie, through "StringGetCString" and LenB. The length is -1 where there is no LenB.
 [[nodiscard]] StringContents contentsFromServices(REALstringStruct* string) noexcept;
 
 /// Reads where the bytes lie from the string structure of hosts below 2016.0.

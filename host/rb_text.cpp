@@ -93,10 +93,11 @@ StringContents plainContents(REALstringStruct* source) noexcept {
 }
 
 void takePlain(TextForm<std::uint8_t>& form, REALstringStruct* source) noexcept {
-  const ByteView bytes = plainContents(source).bytes();
-  if (bytes.empty()) return;
-  form.data = bytes.data();
-  form.length = static_cast<std::int32_t>(bytes.size());
+  const StringContents contents = plainContents(source);
+  form.had = contents.reachable();
+  if (contents.bytes().empty()) return;
+  form.data = contents.data;
+  form.length = contents.length;
 }
 
 template <typename Unit>

@@ -45,9 +45,9 @@ template <wide::Nearest kNearest>
     at += kBlock;
     left -= kBlock;
   }
-  const wide::CodePointTail tail(at, left);
-  const unsigned decisive = _bzhi_u32(decisiveAmong16<kNearest>(tail.block, table), static_cast<unsigned>(left));
-  return decisive != 0 && tail.block[_tzcnt_u32(decisive)] != 0;
+  const wide::CodePointTail tail(at, left);  // the zeros behind the text end the search at the latest
+  const unsigned decisive = decisiveAmong16<kNearest>(tail.block, table);
+  return tail.block[_tzcnt_u32(decisive)] != 0;
 }
 
 }  // namespace

@@ -19,7 +19,6 @@ constexpr std::size_t kBlock = 16;
 
 /// The character that a name stands for, or 0.
 [[nodiscard]] std::uint32_t characterFor(entity_decoder::ReferenceName name) noexcept {
-  if (name.length == 0) return 0;
   if (isNumeric(name)) return numericValue(name);
   return mayBeEntity(name) ? entities::scalar::codeOf(name.packed) : 0;
 }

@@ -26,7 +26,6 @@ constexpr std::ptrdiff_t kStep = 8;
 
 /// The character that a name stands for, or 0.
 [[nodiscard]] AVX2_FUNCTION inline std::uint32_t characterFor(ReferenceName name) noexcept {
-  if (name.length == 0) return 0;
   if (isNumeric(name)) return numericValue(name);
   return mayBeEntity(name) ? entities::avx2::codeOf(name.packed) : 0;
 }

@@ -10,7 +10,7 @@ namespace entity_decoder {
 /// One to eight code points, those beyond ASCII as 0x7F or 0x80: no such byte is part of a name that means something.
 struct ReferenceName {
   entities::PackedName packed;
-  unsigned length;  ///< 0: there is no reference
+  unsigned length;  ///< 0: there is no reference; the name is neither number nor entity
 };
 
 /// Reads the name of a reference.

@@ -23,5 +23,5 @@ bench() {
 bench_quick() {
   local committed=build/bench/committed.json
   git show HEAD:bench/baseline.json >"$committed" 2>/dev/null || echo '{}' >"$committed"
-  "$1" --quick --rounds 5 --seconds 0.002 --baseline "$committed" --new-baseline bench/baseline.json
+  "$1" --quick --rounds 9 --seconds 0.001 --baseline "$committed" --new-baseline bench/baseline.json
 }

@@ -1,13 +1,11 @@
 #include "wide/ascii_scan.h"
 
-#include <cstring>
+#include "wide/byte_word.h"
 
 namespace {
 
 /// From this many bytes on the wide registers win.
 constexpr std::size_t kWideFrom = 32;
-
-constexpr std::uint64_t kHighBits = 0x8080'8080'8080'8080;
 
 }  // namespace
 
@@ -20,9 +18,8 @@ std::size_t ascii::findNonAscii(ByteView bytes) noexcept {
 
 std::size_t ascii::scalar::findNonAscii(ByteView bytes) noexcept {
   std::size_t i = 0;
-  for (std::uint64_t word = 0; bytes.size() - i >= sizeof word; i += sizeof word) {
-    std::memcpy(&word, bytes.data() + i, sizeof word);
-    if ((word & kHighBits) != 0) break;
+  while (bytes.size() - i >= byte_word::kSize && (byte_word::load(bytes.data() + i) & byte_word::kHighBits) == 0) {
+    i += byte_word::kSize;
   }
   while (i < bytes.size() && bytes[i] < 0x80) ++i;
   return i;

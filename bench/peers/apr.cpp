@@ -64,7 +64,7 @@ void quoteXml(const Operands& in, AnswerSink& answer) {
 const PeerLines lines{
     {"HTML encode", "apr apr_escape_entity", escapeEntities, "keeps what is not ASCII"},
     {"XML encode", "apr-util apr_xml_quote_string", quoteXml, "keeps the apostrophe"},
-    {"URL encode", "apr apr_escape_urlencoded", escapeUrl, "blank as +; escapes ! @ +"},
+    {"URL encode", "apr apr_escape_urlencoded", escapeUrl, "lower-case digits, blank as +; escapes ! @ +"},
     {"URL decode", "apr apr_unescape_url", unescapeUrl, nullptr},
     {"hex encode", "apr apr_escape_hex", escapeHex, "lower-case digits"},
     {"hex dump", "apr apr_escape_hex", escapeHexColons, "lower-case digits, one line, colons"},

@@ -7,6 +7,7 @@ namespace {
 
 void escape(const Operands& in, AnswerSink& answer) {
   char* const text = curl_easy_escape(nullptr, in.chars(), static_cast<int>(in.first().size()));
+  if (text == nullptr) return;
   answer.text(text);
   curl_free(text);
 }
@@ -14,6 +15,7 @@ void escape(const Operands& in, AnswerSink& answer) {
 void unescape(const Operands& in, AnswerSink& answer) {
   int length = 0;
   char* const text = curl_easy_unescape(nullptr, in.chars(), static_cast<int>(in.first().size()), &length);
+  if (text == nullptr) return;
   answer.text(text, static_cast<std::size_t>(length));
   curl_free(text);
 }

@@ -27,8 +27,8 @@ void scientific(const Operands& in, AnswerSink& answer) {
 }
 
 const PeerLines lines{
-    {"Str", "double-conversion", shortest,
-     "writes the shortest digits that read back, rounded, without trailing zeros"},
+    {"Str", "double-conversion", shortest, "writes the shortest digits that read back, rounded, without trailing zeros",
+     true},
     {"Scientific", "double-conversion", scientific, "rounds ties away from zero"},
 };
 

@@ -24,8 +24,8 @@ void encodeSubject(const Operands& in, AnswerSink& answer) {
 
 void decodeYenc(const Operands& in, AnswerSink& answer) {
   int state = GMIME_YDECODE_STATE_INIT | GMIME_YDECODE_STATE_BEGIN;
-  guint32 partSum = GMIME_YENCODE_CRC_INIT;
-  guint32 sum = GMIME_YENCODE_CRC_INIT;
+  auto partSum = static_cast<guint32>(GMIME_YENCODE_CRC_INIT);
+  auto sum = static_cast<guint32>(GMIME_YENCODE_CRC_INIT);
   answer.text(in.out(),
               g_mime_ydecode_step(in.first().data(), in.first().size(), in.scratch.data(), &state, &partSum, &sum));
 }
@@ -35,7 +35,7 @@ const bool ready = (g_mime_init(), true);
 const PeerLines lines{
     {"quoted-printable encode", "GMime", quotedPrintable<true>, "lines of 76, keeps the line breaks of the text"},
     {"quoted-printable decode", "GMime", quotedPrintable<false>, "keeps CR LF, copies bad escapes"},
-    {"e-mail subject", "GMime", encodeSubject, "splits into words of 75 characters, chooses B or Q"},
+    {"e-mail subject", "GMime", encodeSubject, "splits into words of 75 characters, chooses B or Q", true},
     {"yEnc decode", "GMime", decodeYenc, "reads header lines, computes a checksum"},
 };
 

@@ -47,7 +47,8 @@ struct Peer {
   const char* job;
   const char* name;
   PeerFunction run;
-  const char* rule;  ///< how its answers differ from ours, where they do; null: they don't
+  const char* rule;       ///< how its answers differ from ours, where they do; null: they don't
+  bool isTerser = false;  ///< its answers are shorter by their form, not because it leaves work undone
 };
 
 /// Defined once in each wrapper file, so that a file that isn't built leaves no gap.

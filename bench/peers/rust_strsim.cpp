@@ -25,7 +25,7 @@ void jaroWinkler(const Operands& in, AnswerSink& answer) {
 
 const PeerLines lines{
     {"Levenshtein", "Rust strsim", levenshtein, nullptr},
-    {"Jaro-Winkler", "Rust strsim", jaroWinkler, "boosts below 0.7 too"},
+    {"Jaro-Winkler", "Rust strsim", jaroWinkler, "counts the whole common prefix, not four characters of it"},
 };
 
 }  // namespace

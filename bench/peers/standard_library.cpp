@@ -132,8 +132,8 @@ const PeerLines lines{
     {"XOR", "byte loop", xorLoop, nullptr},
     {"concatenation", "std::string", append, nullptr},
     {"concatenation of six", "std::string", append, nullptr},
-    {"Str", "std::to_chars", toCharsFixed,
-     "writes the shortest digits that read back, rounded, without trailing zeros"},
+    {"Str", "std::to_chars", toCharsFixed, "writes the shortest digits that read back, rounded, without trailing zeros",
+     true},
     {"Scientific", "std::to_chars", toCharsScientific, nullptr},
     {"Scientific", "snprintf", printScientific, nullptr},
 };

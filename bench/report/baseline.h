@@ -17,7 +17,10 @@ struct Change {
   double now;
 };
 
-/// The cases that became clearly slower or faster than the baseline says, the worst first.
-/// @param compared  receives how many cases both have
-[[nodiscard]] std::vector<Change> changesSince(const std::filesystem::path& file, std::span<const Result> results,
-                                               std::size_t& compared);
+struct Comparison {
+  std::size_t count = 0;        ///< of cases that both have
+  double overall = 1;           ///< the middle change of all: a busier machine, or a change that touches everything
+  std::vector<Change> changes;  ///< the cases that differ clearly from that, the worst first
+};
+
+[[nodiscard]] Comparison compareWith(const std::filesystem::path& file, std::span<const Result> results);

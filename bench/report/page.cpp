@@ -84,6 +84,12 @@ std::string tableLine(const Row& row) {
          (peer != nullptr ? peer->name : "") + " |\n";
 }
 
+std::string lowerCase(std::string text) {
+  std::ranges::transform(text, text.begin(),
+                         [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; });
+  return text;
+}
+
 void writeChart(const std::filesystem::path& file, const std::string& group, std::span<const Row> rows) {
   std::vector<Bar> bars;
   for (const Row& row : rows) {
@@ -118,7 +124,7 @@ void writePage(const std::filesystem::path& folder, std::span<const Result> resu
   for (const Row& row : rows) {
     if (row.group != group) {
       group = row.group;
-      const std::string chart = "speed/" + group + ".svg";
+      const std::string chart = "speed/" + lowerCase(group) + ".svg";
       writeChart(folder / chart, group, rows);
       page << "\n## " << group << "\n\n![Speed against the best peer](" << chart << ")\n\n"
            << "| Case | short | host | × | long | speed | m | kernel | plain | × | best peer |\n"

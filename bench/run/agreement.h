@@ -1,6 +1,7 @@
 /// Whether a peer answers as we do. Nothing is timed before that is known.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "bench/run/hosted.h"
@@ -12,5 +13,11 @@ enum class Agreement {
   kNoAnswer,
 };
 
+struct Finding {
+  Agreement agreement;
+  std::string ours;    ///< where the first difference is: a few bytes of our answer from there on,
+  std::string theirs;  ///< and of theirs
+};
+
 /// Gives a peer each call's operands and compares what it says with what our method said.
-[[nodiscard]] Agreement compare(const std::vector<Call>& calls, const Peer& peer);
+[[nodiscard]] Finding compare(const std::vector<Call>& calls, const Peer& peer);

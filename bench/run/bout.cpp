@@ -104,7 +104,7 @@ void Bout::prepare(const Case& test, const Corpus& corpus, std::size_t size) {
 }
 
 void Bout::add(std::string name, Kind kind, std::function<void()> run, std::string rule) {
-  contenders_.push_back({{std::move(name), kind, 0, 0, std::move(rule), true}, std::move(run)});
+  contenders_.push_back({{std::move(name), kind, 0, 0, 0, std::move(rule), true}, std::move(run)});
 }
 
 void Bout::addMethod() {
@@ -145,13 +145,14 @@ void Bout::addKernels(const Case& test) {
 
 void Bout::addPeers(const Case& test) {
   for (const Peer& peer : peersFor(test.job)) {
-    const Agreement agreement = compare(calls_, peer);
-    if (agreement == Agreement::kNoAnswer) continue;
-    const bool differs = agreement != Agreement::kSame;
-    if (differs && peer.rule == nullptr) unexplained_.push_back(result_.key() + ": " + peer.name);
-    add(peer.name, Kind::kPeer, hostedPeer(calls_, test.opens, peer.run),
-        differs && peer.rule != nullptr ? peer.rule : "");
-    // Numbers have no work to leave undone: shorter ones are a different choice of digits.
-    contenders_.back().figure.counts = agreement != Agreement::kDoesLess || test.unit == "number";
+    const Finding finding = compare(calls_, peer);
+    if (finding.agreement == Agreement::kNoAnswer) continue;
+    const bool differs = finding.agreement != Agreement::kSame;
+    const std::string rule = peer.rule != nullptr ? peer.rule : "";
+    if (differs && rule.empty()) unexplained_.push_back(result_.key() + ": " + peer.name);
+    if (differs)
+      differences_.push_back(std::string(peer.name) + ", " + rule + ": " + finding.ours + " ≠ " + finding.theirs);
+    add(peer.name, Kind::kPeer, hostedPeer(calls_, test.opens, peer.run), differs ? rule : "");
+    contenders_.back().figure.counts = finding.agreement != Agreement::kDoesLess;
   }
 }

@@ -35,6 +35,9 @@ class Bout {
   /// Peers that answered otherwise than we without a rule that says how.
   [[nodiscard]] const std::vector<std::string>& unexplained() const noexcept { return unexplained_; }
 
+  /// For every peer that answered otherwise: its rule, and where its answer first differs.
+  [[nodiscard]] const std::vector<std::string>& differences() const noexcept { return differences_; }
+
  private:
   void prepare(const Case& test, const Corpus& corpus, std::size_t size);
   void addMethod();
@@ -47,5 +50,6 @@ class Bout {
   std::vector<std::uint8_t> scratch_;
   std::vector<Contender> contenders_;
   std::vector<std::string> unexplained_;
+  std::vector<std::string> differences_;
   Result result_;
 };

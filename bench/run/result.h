@@ -11,6 +11,7 @@ struct Figure {
   std::string name;
   Kind kind;
   double nanoseconds = 0;  ///< median of a call
+  double quickest = 0;     ///< of all rounds
   double spread = 0;       ///< half the range between the quartiles, as a share of the median
   std::string rule;        ///< how the peer's answer differs from ours; empty: it doesn't
   bool counts = true;      ///< false for a peer that did less than was asked: it is shown, and no match

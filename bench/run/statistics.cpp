@@ -18,5 +18,5 @@ double quantile(const std::vector<double>& sorted, double share) {
 Spread spreadOf(std::vector<double> values) {
   std::ranges::sort(values);
   const double median = quantile(values, 0.5);
-  return {median, (quantile(values, 0.75) - quantile(values, 0.25)) / 2 / median};
+  return {median, values.front(), (quantile(values, 0.75) - quantile(values, 0.25)) / 2 / median};
 }

@@ -5,6 +5,7 @@
 
 struct Spread {
   double median;
+  double least;
   double relative;  ///< half the range between the quartiles, as a share of the median
 };
 

@@ -39,6 +39,13 @@ std::vector<Task> wanted(std::vector<Task> tasks, const Options& options) {
   return tasks;
 }
 
+void explainAll(const std::vector<Task>& tasks, Terminal& terminal) {
+  for (const Task& task : tasks) {
+    const Bout bout(*task.test, *task.corpus, task.size, {true, false});
+    for (const std::string& difference : bout.differences()) terminal.note(task.name() + "\n    " + difference);
+  }
+}
+
 std::vector<Result> runAll(const std::vector<Task>& tasks, Field field, Effort effort, Terminal& terminal) {
   std::vector<Result> results;
   std::string missingJob;

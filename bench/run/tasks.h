@@ -21,6 +21,9 @@ struct Task {
 /// Those of them that the options ask for.
 [[nodiscard]] std::vector<Task> wanted(std::vector<Task> tasks, const Options& options);
 
+/// Compares the answers only: says for every peer that differs where it does.
+void explainAll(const std::vector<Task>& tasks, Terminal& terminal);
+
 /// Times them all, each shown as soon as it is done. Methods that the plugin doesn't have are named.
 [[nodiscard]] std::vector<Result> runAll(const std::vector<Task>& tasks, Field field, Effort effort,
                                          Terminal& terminal);

@@ -61,6 +61,7 @@ Result timed(Bout& bout, Effort effort) {
     const Spread spread = spreadOf(collector.times(i));
     Figure figure = contenders[i].figure;
     figure.nanoseconds = spread.median / static_cast<double>(bout.callCount());
+    figure.quickest = spread.least / static_cast<double>(bout.callCount());
     figure.spread = spread.relative;
     result.figures.push_back(figure);
   }

@@ -5,7 +5,6 @@
 #include "tests/reference/hex_dump.h"
 #include "tests/support/methods.h"
 #include "tests/support/random_bytes.h"
-#include "tests/support/short_memory.h"
 
 using namespace testing;
 
@@ -72,21 +71,6 @@ TEST_CASE("a dump that no string holds is an exception, before memory is asked f
     checkRaised(outcome, "RuntimeException", kTooLong);
     CHECK(outcome.text() == nullText());
   }
-}
-
-TEST_CASE("short memory is an exception") {
-  constexpr std::size_t kMegabyte = 1 << 20;
-  Session session;
-  const std::vector<Argument> arguments = {ascii("A"), 2, 100'000'000, nullText(), nullText(), nullText(), nullText()};
-  Outcome outcome;
-  {
-    const ShortMemory shortage(64 * kMegabyte);
-    if (!ShortMemory::refuses(150 * kMegabyte)) return;
-    outcome = session.call(kHexstring, arguments);
-  }
-  checkRaised(outcome, "OutOfMemoryException", "Failed to allocate memory.");
-  CHECK(outcome.text() == nullText());
-  CHECK(outcome.balanced);
 }
 
 }  // namespace

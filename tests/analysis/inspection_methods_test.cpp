@@ -1,7 +1,6 @@
 /// Byte classes and byte-order marks, as a program of the host calls for them.
 #include "tests/support/methods.h"
 #include "tests/support/random_bytes.h"
-#include "tests/support/short_memory.h"
 
 using namespace testing;
 
@@ -71,19 +70,6 @@ TEST_CASE("byte classes look at nothing beyond the bytes") {
       call(session, kDetect, {raw(bytes)});
     }
   }
-}
-
-TEST_CASE("replacement: short memory gives the empty string") {
-  constexpr std::size_t kMegabyte = 1 << 20;
-  Session session;
-  const std::vector<Argument> arguments = {ascii(std::string(100 * kMegabyte, 'x'))};
-  Outcome outcome;
-  {
-    const ShortMemory shortage(180 * kMegabyte);  // for the argument's own copy in the host, and not another
-    if (!ShortMemory::refuses(190 * kMegabyte)) return;
-    outcome = session.call(kReplace, arguments);
-  }
-  checkNull(outcome);
 }
 
 TEST_CASE("byte-order marks") {

@@ -2,7 +2,6 @@
 #include "tests/reference/sql_booleans.h"
 #include "tests/support/methods.h"
 #include "tests/support/random_bytes.h"
-#include "tests/support/short_memory.h"
 
 using namespace testing;
 
@@ -52,20 +51,6 @@ TEST_CASE("statements of every length are read to their end and no further") {
       }
     }
   }
-}
-
-TEST_CASE("short memory is an exception") {
-  constexpr std::size_t kMegabyte = 1 << 20;
-  Session session(Options{.version = 2013.0});  // where UTF-8 is read in place
-  const std::vector<Argument> arguments = {utf8(std::string(100 * kMegabyte, 'x'))};
-  Outcome outcome;
-  {
-    const ShortMemory shortage(180 * kMegabyte);  // for the argument's own copy in the host, and not another
-    if (!ShortMemory::refuses(190 * kMegabyte)) return;
-    outcome = session.call(kReplace, arguments);
-  }
-  checkRaised(outcome, "OutOfMemoryException", "Failed to allocate memory.");
-  CHECK(outcome.balanced);
 }
 
 }  // namespace

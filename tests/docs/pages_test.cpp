@@ -51,5 +51,19 @@ TEST_CASE("every method is documented, and nothing else") {
   for (const std::string& difference : differences(pagesBelow("docs/methods"), registered)) FAIL_CHECK(difference);
 }
 
+TEST_CASE("the index links every method") {
+  std::ifstream file(kRoot / "docs" / "methods" / "README.md", std::ios::binary);
+  const std::string index{std::istreambuf_iterator<char>(file), {}};
+  const standin::Session session;
+  for (const standin::Method& method : session.methods()) {
+    const std::string& name = method.declaration.name;
+    std::string anchor = name;
+    for (char& c : anchor) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    INFO("method: " << name);
+    CHECK(index.find("[" + name + "](") != std::string::npos);
+    CHECK(index.find(".md#" + anchor + ")") != std::string::npos);
+  }
+}
+
 }  // namespace
 }  // namespace docs

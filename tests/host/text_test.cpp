@@ -116,6 +116,14 @@ TEST_CASE("a form handed out without data counts as refused, and its record is g
   checkNull(outcome);
 }
 
+TEST_CASE("a subject that can't be read is empty, and not the argument itself") {
+  for (const char* service : {"StringGetCString", "LenB"}) {
+    checkNull(call({.without = {service}}, "EncodeEmailSubjectZQV", {raw("A\xE9")}));
+    checkNull(call({.version = 2012.0, .without = {service}}, "EncodeEmailSubjectZQV", {raw("A")}));
+  }
+  CHECK(call(Options{}, "EncodeEmailSubjectZQV", {raw("")}).sameAsArgument == 0);
+}
+
 TEST_CASE("a result of 7-bit bytes without an encoding is marked ASCII") {
   for (const double version : kVersions) {
     Session session(Options{.version = version});

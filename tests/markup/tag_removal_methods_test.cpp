@@ -2,7 +2,6 @@
 #include "tests/reference/markup.h"
 #include "tests/support/methods.h"
 #include "tests/support/random_bytes.h"
-#include "tests/support/short_memory.h"
 
 using namespace testing;
 
@@ -96,21 +95,6 @@ TEST_CASE("tag removal: results too long are empty and cost nothing") {
   Session session;
   const Text text = ascii("<" + std::string(70'000, 'x'));
   checkNull(call(session, kReplace, {text, ascii(std::string(70'000, 'y'))}));
-}
-
-TEST_CASE("tag removal: short memory is an exception") {
-  constexpr std::size_t kMegabyte = 1 << 20;
-  Session session;
-  const std::vector<Argument> arguments = {ascii("<" + std::string(1000, 'x')), ascii(std::string(kMegabyte / 4, 'y'))};
-  Outcome outcome;
-  {
-    const ShortMemory shortage(64 * kMegabyte);
-    if (!ShortMemory::refuses(200 * kMegabyte)) return;
-    outcome = session.call(kReplace, arguments);
-  }
-  checkRaised(outcome, "OutOfMemoryException", "Failed to allocate memory.");
-  CHECK(outcome.text() == nullText());
-  CHECK(outcome.balanced);
 }
 
 TEST_CASE("tag removal: a million brackets") {

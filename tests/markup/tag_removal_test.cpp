@@ -73,6 +73,11 @@ void agreesWithTwin(Remove remove, Size size) {
       const std::string_view with = kReplacements[random.below(std::size(kReplacements))];
       CHECK(replaced(size, text, with, offset) == reference::withoutTags(text, with));
     }
+    // Long stretches at one depth, on either side of zero.
+    for (const std::string_view brackets : {">", ">>", "<", "<<<", "<>", "><"}) {
+      const std::string text = std::string(brackets) + std::string(length, 'x');
+      CHECK(removed(remove, text) == reference::withoutTags(text));
+    }
     // Tags by turns, as in markup.
     std::string markup;
     while (markup.size() < length) {

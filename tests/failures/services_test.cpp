@@ -1,0 +1,48 @@
+/// Every service of the host fails at each of its calls in turn.
+#include <map>
+
+#include "tests/failures/calls.h"
+#include "tests/support/methods.h"
+
+using namespace testing;
+
+namespace {
+
+/// A failing count can't leave the accounts balanced, and its failure can't be noticed by the plugin.
+bool countsReferences(const std::string& service) {
+  return service.find("ock") != std::string::npos ? service.starts_with("REAL") : service == "PluginDisposeStringData";
+}
+
+}  // namespace
+
+TEST_CASE("whichever call of a service fails, methods return, keep their accounts and go on working") {
+  int failures = 0;
+  for (const double version : {2011.04, 2015.02, 2023.1}) {
+    Session reference(Options{.version = version});
+    for (const Method& method : reference.methods()) {
+      const std::vector<Argument> arguments = failures::argumentsFor(method);
+      const Outcome normal = reference.call(method, arguments);
+      std::map<std::string, int> calls;
+      for (const std::string& service : normal.services) ++calls[service];
+      for (const auto& [service, times] : calls) {
+        if (countsReferences(service)) continue;
+        for (int nth = 1; nth <= times; ++nth) {
+          Session session(Options{.version = version, .failing = {{service, nth}}});
+          const Method& same = session.method(method.declaration.name, arguments.size());
+          const Outcome outcome = session.call(same, arguments);
+          CAPTURE(version);
+          CAPTURE(method.declaration.name);
+          CAPTURE(service);
+          CAPTURE(nth);
+          CHECK(violationsOf(outcome) == "");
+          if (method.declaration.name != "RandomBytesStringZQV") {
+            CHECK((session.call(same, arguments).result == normal.result));
+          }
+          ++failures;
+        }
+      }
+    }
+  }
+  MESSAGE(failures << " failed services");
+  CHECK(failures > 300);
+}
