@@ -5,11 +5,11 @@
 namespace {
 
 using byte_word::kHighBits;
+using byte_word::kSize;
 using byte_word::load;
 using byte_word::store;
 using Word = std::uint64_t;
 
-constexpr std::size_t kWordSize = sizeof(Word);
 constexpr Word kSpaces = byte_word::kOnes * ' ';
 
 /// Fewer than 8 bytes, completed with spaces, which are in every range.
@@ -28,11 +28,11 @@ template <Word (*kOutsiders)(Word)>
 bool areAllInside(ByteView bytes) noexcept {
   const std::uint8_t* const in = bytes.data();
   const std::size_t size = bytes.size();
-  if (size < kWordSize) return size == 0 || kOutsiders(loadShort(in, size)) == 0;
-  for (std::size_t i = 0; i + kWordSize <= size; i += kWordSize) {
+  if (size < kSize) return size == 0 || kOutsiders(loadShort(in, size)) == 0;
+  for (std::size_t i = 0; i + kSize <= size; i += kSize) {
     if (kOutsiders(load(in + i)) != 0) return false;
   }
-  return kOutsiders(load(in + size - kWordSize)) == 0;  // some of it once more
+  return kOutsiders(load(in + size - kSize)) == 0;  // some of it once more
 }
 
 /// 8 bytes with the replacement in the right places. Nothing is borrowed: each byte subtracted from is 0x80 or more.
@@ -53,14 +53,14 @@ void character_classes::scalar::replaceNonPrintable(ByteView bytes, std::uint8_t
   const std::uint8_t* const in = bytes.data();
   std::uint8_t* const to = out.data();
   const std::size_t size = bytes.size();
-  if (size < kWordSize) {
+  if (size < kSize) {
     if (size == 0) return;
     const Word word = replaced(loadShort(in, size), replacements);
     std::memcpy(to, &word, size);
     return;
   }
-  for (std::size_t i = 0; i + kWordSize <= size; i += kWordSize) store(to + i, replaced(load(in + i), replacements));
-  store(to + size - kWordSize, replaced(load(in + size - kWordSize), replacements));  // some of it once more
+  for (std::size_t i = 0; i + kSize <= size; i += kSize) store(to + i, replaced(load(in + i), replacements));
+  store(to + size - kSize, replaced(load(in + size - kSize), replacements));  // some of it once more
 }
 
 bool character_classes::arePrintable(ByteView bytes) noexcept {

@@ -13,7 +13,7 @@ namespace {
 using hex_dump::Layout;
 
 /// From this many bytes on the wide registers win.
-constexpr std::size_t kWideFrom = 256;
+constexpr std::size_t kWideFrom = 128;
 
 /// From this many digits on groups are left to the hex codec.
 constexpr std::int64_t kLargeGroup = 64;
@@ -42,95 +42,94 @@ std::int64_t lineCount(std::int64_t byteCount, const Layout& layout) noexcept {
   return 2 * byteCount / perLine + (2 * byteCount % perLine != 0 ? 1 : 0);
 }
 
+/// What stands between digits is mostly of a byte or two, too short for a call.
 std::uint8_t* append(ByteView text, std::uint8_t* out) noexcept {
-  if (text.size() == 1) {
-    *out = text[0];
-  } else if (!text.empty()) {
+  constexpr std::size_t kShort = 8;
+  if (text.size() > kShort) {
     std::memcpy(out, text.data(), text.size());
+  } else {
+    for (std::size_t i = 0; i < text.size(); ++i) out[i] = text[i];
   }
   return out + text.size();
 }
 
-/// Repeats the first bytes of a text throughout it.
-void repeat(std::uint8_t* text, std::int64_t unit, std::int64_t size) noexcept {
-  constexpr std::int64_t kEnough = 16384;  // stays in the first-level cache
-  std::int64_t step = unit;
-  for (std::int64_t done = unit; done < size; done += step) {
-    if (step < kEnough) step = done;
-    std::memcpy(text + done, text, static_cast<std::size_t>(std::min(step, size - done)));
+/// Where the next digit goes, and what is left until the next spacer and the next line end.
+struct Cursor {
+  std::uint8_t* out;
+  std::int64_t digits;
+  std::int64_t groups;
+
+  [[nodiscard]] bool isAtLineStart(const Layout& layout) const noexcept {
+    return groups == layout.lineGroups && digits == layout.groupDigits;
   }
-}
+};
 
-/// Writes all that isn't a digit. Where digits go, fill of one character stands already.
-void writeFrame(const Layout& layout, ByteSpan text) noexcept {
-  const std::int64_t group = layout.groupDigits + std::ssize(layout.spacer);
-  const std::int64_t groups = layout.lineGroups * group - std::ssize(layout.spacer);
-  std::uint8_t* const firstGroup = append(layout.lineStart, text.data());
-  std::memset(firstGroup, layout.filler.empty() ? '0' : layout.filler[0], static_cast<std::size_t>(layout.groupDigits));
-  if (layout.lineGroups > 1) append(layout.spacer, firstGroup + layout.groupDigits);
-  repeat(firstGroup, group, groups);
-  append(layout.lineEnd, firstGroup + groups);
-  repeat(text.data(), hex_dump::lineSize(layout), std::ssize(text));
-}
-
-/// Goes through the places of digits, so many of one group at once, and calls `place(index, text)` for each.
-/// @param width  digits at once; divides the size of a group
-/// @param index  of the first place, in the count of places; `end` is the one beyond the last
-template <typename Place>
-void forEachPlace(const Layout& layout, std::uint8_t* text, std::int64_t width, std::int64_t index, std::int64_t end,
-                  Place place) noexcept {
-  const std::int64_t groupPlaces = layout.groupDigits / width;
-  const std::int64_t groupsBefore = index / groupPlaces;
-  const std::int64_t linesBefore = groupsBefore / layout.lineGroups;
-  const std::int64_t afterGroup = std::ssize(layout.spacer);
-  const std::int64_t afterLine = saturatingSum(std::ssize(layout.lineEnd), std::ssize(layout.lineStart));
-  std::int64_t placesLeft = groupPlaces - index % groupPlaces;
-  std::int64_t groupsLeft = layout.lineGroups - groupsBefore % layout.lineGroups;
-  std::uint8_t* out = text + std::ssize(layout.lineStart) + index * width + groupsBefore * afterGroup +
-                      linesBefore * (afterLine - afterGroup);
-  for (; index < end; ++index) {
-    place(index, out);
-    out += width;
-    if (--placesLeft > 0) continue;
-    placesLeft = groupPlaces;
-    if (--groupsLeft > 0) {
-      out += afterGroup;
+/// Calls `write(index, text)` for so many pieces in turn, each of them `width` digits of one group, and writes what
+/// stands after each: nothing, a spacer, or a line end. The start of a line is written with its first digits.
+template <typename Write>
+void writePieces(const Layout& layout, Cursor& at, std::int64_t width, std::int64_t count, Write write) noexcept {
+  Cursor cursor = at;
+  if (count > 0 && cursor.isAtLineStart(layout)) cursor.out = append(layout.lineStart, cursor.out);
+  for (std::int64_t index = 0; index < count; ++index) {
+    write(index, cursor.out);
+    cursor.out += width;
+    cursor.digits -= width;
+    if (cursor.digits > 0) continue;
+    cursor.digits = layout.groupDigits;
+    if (--cursor.groups > 0) {
+      cursor.out = append(layout.spacer, cursor.out);
     } else {
-      groupsLeft = layout.lineGroups;
-      out += afterLine;
+      cursor.groups = layout.lineGroups;
+      cursor.out = append(layout.lineEnd, cursor.out);
+      if (index + 1 < count) cursor.out = append(layout.lineStart, cursor.out);
     }
   }
+  at = cursor;
 }
 
-void placeBytes(ByteView bytes, const Layout& layout, std::uint8_t* text) noexcept {
-  forEachPlace(layout, text, 2, 0, std::ssize(bytes), [in = bytes.data()](std::int64_t index, std::uint8_t* out) {
-    std::memcpy(out, kHexPairs[in[index]].data(), 2);
-  });
-}
-
-void placeGroups(ByteView bytes, const Layout& layout, std::uint8_t* text) noexcept {
-  const auto groupBytes = static_cast<std::size_t>(layout.groupDigits / 2);
-  const auto groups = static_cast<std::int64_t>((bytes.size() + groupBytes - 1) / groupBytes);
-  forEachPlace(layout, text, layout.groupDigits, 0, groups, [=](std::int64_t index, std::uint8_t* out) {
-    const ByteView rest = bytes.subspan(static_cast<std::size_t>(index) * groupBytes);
-    const ByteView group = rest.first(std::min(groupBytes, rest.size()));
-    hex::encode(group, {out, 2 * group.size()});
-  });
-}
-
-void placeNibbles(ByteView bytes, const Layout& layout, std::uint8_t* text) noexcept {
-  forEachPlace(layout, text, 1, 0, 2 * std::ssize(bytes), [in = bytes.data()](std::int64_t index, std::uint8_t* out) {
+void writeNibbles(ByteView bytes, const Layout& layout, Cursor& at) noexcept {
+  writePieces(layout, at, 1, 2 * std::ssize(bytes), [in = bytes.data()](std::int64_t index, std::uint8_t* out) {
     *out = kHexDigits[in[index / 2] >> (index % 2 == 0 ? 4 : 0) & 0x0F];
   });
 }
 
-void placeFill(std::int64_t byteCount, const Layout& layout, std::uint8_t* text) noexcept {
-  auto fill = layout.filler.begin();
-  forEachPlace(layout, text, 1, 2 * byteCount, hex_dump::digitCount(byteCount, layout),
-               [&](std::int64_t, std::uint8_t* out) {
-                 *out = *fill++;
-                 if (fill == layout.filler.end()) fill = layout.filler.begin();
-               });
+void writeBytes(ByteView bytes, const Layout& layout, Cursor& at) noexcept {
+  writePieces(layout, at, 2, std::ssize(bytes), [in = bytes.data()](std::int64_t index, std::uint8_t* out) {
+    std::memcpy(out, kHexPairs[in[index]].data(), 2);
+  });
+}
+
+void writeGroups(ByteView bytes, const Layout& layout, Cursor& at) noexcept {
+  const std::int64_t size = layout.groupDigits / 2;
+  const std::int64_t groups = std::ssize(bytes) / size;
+  const auto encode = [in = bytes.data()](std::int64_t from, std::int64_t count, std::uint8_t* out) {
+    hex::encode({in + from, static_cast<std::size_t>(count)}, {out, static_cast<std::size_t>(2 * count)});
+  };
+  writePieces(layout, at, 2 * size, groups,
+              [=](std::int64_t index, std::uint8_t* out) { encode(index * size, size, out); });
+  const std::int64_t rest = std::ssize(bytes) % size;
+  if (rest == 0) return;
+  writePieces(layout, at, 2 * rest, 1, [=](std::int64_t, std::uint8_t* out) { encode(groups * size, rest, out); });
+}
+
+/// Completes the last line.
+void writeFill(const Layout& layout, Cursor& at, ByteSpan text) noexcept {
+  if (at.isAtLineStart(layout)) return;
+  if (layout.filler.size() > 1) {
+    auto fill = layout.filler.begin();
+    writePieces(layout, at, 1, at.digits + (at.groups - 1) * layout.groupDigits, [&](std::int64_t, std::uint8_t* out) {
+      *out = *fill++;
+      if (fill == layout.filler.end()) fill = layout.filler.begin();
+    });
+    return;
+  }
+  // It is the same everywhere, and what stands between goes over it.
+  const auto size = static_cast<std::size_t>(text.data() + text.size() - at.out);
+  std::memset(at.out, layout.filler.empty() ? '0' : layout.filler[0], size);
+  const auto nothing = [](std::int64_t, std::uint8_t*) {};
+  const std::int64_t wholeGroups = at.groups - 1;
+  writePieces(layout, at, at.digits, 1, nothing);
+  writePieces(layout, at, layout.groupDigits, wholeGroups, nothing);
 }
 
 }  // namespace
@@ -158,13 +157,13 @@ void hex_dump::write(ByteView bytes, const Layout& layout, ByteSpan text) noexce
 
 void hex_dump::scalar::write(ByteView bytes, const Layout& layout, ByteSpan text) noexcept {
   if (bytes.empty()) return;
-  writeFrame(layout, text);
+  Cursor at{text.data(), layout.groupDigits, layout.lineGroups};
   if (layout.groupDigits % 2 != 0) {
-    placeNibbles(bytes, layout, text.data());
+    writeNibbles(bytes, layout, at);
   } else if (layout.groupDigits < kLargeGroup) {
-    placeBytes(bytes, layout, text.data());
+    writeBytes(bytes, layout, at);
   } else {
-    placeGroups(bytes, layout, text.data());
+    writeGroups(bytes, layout, at);
   }
-  if (layout.filler.size() > 1) placeFill(std::ssize(bytes), layout, text.data());
+  writeFill(layout, at, text);
 }
