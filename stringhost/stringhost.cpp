@@ -10,6 +10,7 @@
 #include "stringhost/arguments.h"
 #include "stringhost/command_line.h"
 #include "stringhost/executable.h"
+#include "stringhost/explain.h"
 #include "stringhost/list.h"
 #include "stringhost/nearest.h"
 #include "stringhost/tour.h"
@@ -96,17 +97,30 @@ int call(const CommandLine& line, std::istream& in, std::ostream& out, std::ostr
   return report(err, outcome);
 }
 
+int explainCall(const CommandLine& line, std::istream& in, std::ostream& out, std::ostream& err) {
+  standin::Session session(pluginOf(line),
+                           {.version = line.hostVersion, .without = line.without, .loadsInPlace = true});
+  const standin::Method& method = find(session, line);
+  const auto arguments = parseArguments(method.declaration, line.arguments, {in, line.encoding});
+  const standin::Outcome outcome = session.call(method, arguments);
+  explain(out, method, arguments, outcome, line.asJson);
+  if (!out.flush()) throw UsageError("the explanation cannot be written");
+  return report(err, outcome);
+}
+
 int dispatch(const CommandLine& line, std::istream& in, std::ostream& out, std::ostream& err, bool terminal) {
   switch (line.command) {
     case CommandLine::Command::kCall:
       return call(line, in, out, err, terminal);
+    case CommandLine::Command::kExplain:
+      return explainCall(line, in, out, err);
     case CommandLine::Command::kTour:
       return tour({"--plugin", pluginOf(line).string()}, out, err);
     default:
       break;
   }
   const standin::Session session(pluginOf(line), {.logs = false, .loadsInPlace = true});
-  if (list(out, session, line.pattern, line.listsAsJson)) return kDone;
+  if (list(out, session, line.pattern, line.asJson)) return kDone;
   throw UsageError("no method matches: " + line.pattern, "stringhost list shows all");
 }
 

@@ -219,6 +219,36 @@ TEST_CASE("a call is repeated as often as asked, and timed") {
   CHECK(ran({"call", "counts", "x"}).err == "");
 }
 
+TEST_CASE("explain shows the call as the host sees it") {
+  const Run told = ranOnBuilt({"explain", "NativeStringZQV", "\u00E9"});
+  CHECK(told.status == kDone);
+  CHECK(told.err == "");
+  CHECK(told.out == R"(NativeStringZQV(s as string) as string
+
+Arguments
+  1 s: string of 2 bytes, utf-8, "é"
+Looked up
+  REALConvertString
+Services called
+  REALConvertString, argument 1, utf-8 -> result
+Forms asked for
+  argument 1 in utf-8
+References
+  result: 1 taken, 0 dropped, the one left is the caller's
+Result
+  string of 2 bytes, utf-8, "é", new
+)");
+  CHECK(ranOnBuilt({"explain", "NativeStringZQV", "x", "--without", "REALConvertString"})
+            .out.find("Services called\n  none\n") != std::string::npos);
+  const std::string json = ranOnBuilt({"explain", "--json", "EncodingToHexZQV", "\u00E9"}).out;
+  CHECK(json.find(R"("arguments":[{"name":"s","type":"string","value":"é","hex":"C3A9","encoding":"utf-8",)") !=
+        std::string::npos);
+  CHECK(json.find(R"("result":{"type":"string","value":"C3A9",)") != std::string::npos);
+  CHECK(ran({"explain", "returnsTheArgument", "x"}).out.ends_with("\"x\", argument 1 itself\n"));
+  CHECK(ran({"explain", "raisesTwice", "x"}).status == kRaised);
+  CHECK(ran({"explain", "forgetsAString", "x"}).status == kUnbalanced);
+}
+
 TEST_CASE("list shows what was registered") {
   CHECK(ran({"list", "half"}).out == "half(a as string, b as string) as double\n");
   CHECK(ran({"list", "IS*L"}).out == "isNull(s as string) as boolean\n");
@@ -250,7 +280,7 @@ TEST_CASE("list shows what was registered") {
 TEST_CASE("help and version") {
   CHECK(ran({"--version"}).out == "stringhost " STRINGHOST_VERSION "\n");
   for (const Words& words :
-       {Words{"--help"}, {"list", "--help"}, {"call", "-h"}, {"call", "half", "--help"}, {"tour", "--help"}}) {
+       {Words{"--help"}, {"list", "--help"}, {"explain", "--help"}, {"call", "-h"}, {"call", "half", "--help"}, {"tour", "--help"}}) {
     const Run result = ran(words);
     CHECK(result.out.find("Usage: stringhost") != std::string::npos);
     CHECK(result.err == "");
