@@ -21,7 +21,7 @@ constexpr char kShield = '\x01';
 
 constexpr std::pair<const char*, Form> kForms[] = {
     {"text", Form::kText}, {"hex", Form::kHex}, {"json", Form::kJson}, {"raw", Form::kRaw}};
-const std::vector<std::string> kCommands = {"list", "call", "explain", "tour"};
+const std::vector<std::string> kCommands = {"list", "call", "explain", "help", "tour"};
 const std::vector<std::string> kOptions = {"--host-version", "--encoding", "--without", "--output", "--repeat",
                                            "--plugin",       "--json",     "--help",    "--version"};
 const std::vector<std::string> kFlags = {"--json", "--help", "-h", "--version"};
@@ -114,6 +114,7 @@ class Parser {
     addList();
     addCall();
     addExplain();
+    addHelp();
     app_.add_subcommand("tour", "Show a few real calls")->fallthrough();
   }
 
@@ -139,6 +140,7 @@ class Parser {
     if (list_->parsed()) line_.command = CommandLine::Command::kList;
     if (call_->parsed()) takeCall(CommandLine::Command::kCall);
     if (explain_->parsed()) takeCall(CommandLine::Command::kExplain);
+    if (help_->parsed()) takeHelp();
     if (app_.got_subcommand("tour")) line_.command = CommandLine::Command::kTour;
   }
 
@@ -165,6 +167,12 @@ class Parser {
     addMethodAndHost(*explain_);
     explain_->add_flag("--json", line_.asJson, "As JSON: method, arguments, services, forms, references, result");
     explain_->footer(kArgumentHelp);
+  }
+
+  void addHelp() {
+    help_ = app_.add_subcommand("help", "Show what the reference says about a method")->fallthrough();
+    help_->add_option("METHOD", line_.method, "Its name; without it, this program is explained")->type_name("");
+    help_->add_flag("--json", line_.asJson, "As JSON: name, declarations, text (Markdown)");
   }
 
   void addMethodAndHost(CLI::App& command) {
@@ -200,7 +208,7 @@ leaked or broke another rule of the host.)";
   }
 
   std::string help() {
-    for (CLI::App* command : {list_, call_, explain_, app_.get_subcommand("tour")}) {
+    for (CLI::App* command : {list_, call_, explain_, help_, app_.get_subcommand("tour")}) {
       if (command->parsed()) return command->help("stringhost");
     }
     return app_.help();
@@ -211,6 +219,13 @@ leaked or broke another rule of the host.)";
     if (isOption(first))
       throw UsageError("no such option: " + first, hintFor(first.substr(0, first.find('=')), kOptions));
     throw UsageError("one argument too many: " + unshielded(first));
+  }
+
+  void takeHelp() {
+    line_.command = CommandLine::Command::kHelp;
+    line_.method = unshielded(line_.method);
+    if (line_.method.empty()) line_.reply = parseCommandLine({"--help"}).reply;
+    if (contains(kCommands, line_.method)) line_.reply = parseCommandLine({line_.method, "--help"}).reply;
   }
 
   void takeCall(CommandLine::Command command) {
@@ -228,6 +243,7 @@ leaked or broke another rule of the host.)";
   CLI::App* list_ = nullptr;
   CLI::App* call_ = nullptr;
   CLI::App* explain_ = nullptr;
+  CLI::App* help_ = nullptr;
   std::string encoding_ = "utf-8";
   std::string output_ = "text";
 };

@@ -11,7 +11,7 @@
 namespace stringhost {
 
 struct CommandLine {
-  enum class Command { kNone, kList, kCall, kExplain, kTour };
+  enum class Command { kNone, kList, kCall, kExplain, kHelp, kTour };
 
   Command command = Command::kNone;
   std::optional<std::string> reply;  ///< what --help or --version answer; nothing else is to be done then
@@ -21,7 +21,7 @@ struct CommandLine {
 
   std::string pattern;  ///< of list
 
-  std::string method;  ///< of call and explain
+  std::string method;  ///< of call, explain and help
   std::vector<std::string> arguments;
   double hostVersion = 0;
   TextEncoding encoding = kEncodingUTF8;

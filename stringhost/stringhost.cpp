@@ -1,7 +1,5 @@
 #include "stringhost/stringhost.h"
 
-#include <algorithm>
-#include <cctype>
 #include <chrono>
 #include <istream>
 #include <ostream>
@@ -13,6 +11,7 @@
 #include "stringhost/explain.h"
 #include "stringhost/list.h"
 #include "stringhost/nearest.h"
+#include "stringhost/reference_command.h"
 #include "stringhost/tour.h"
 #include "stringhost/usage_error.h"
 
@@ -38,12 +37,6 @@ fs::path neighbour() {
 
 fs::path pluginOf(const CommandLine& line) {
   return line.plugin.empty() ? neighbour() : fs::path(std::u8string(line.plugin.begin(), line.plugin.end()));
-}
-
-bool isSameName(const std::string& a, const std::string& b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-    return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
-  });
 }
 
 /// The overload a call means. Case doesn't matter in the host's language.
@@ -114,6 +107,9 @@ int dispatch(const CommandLine& line, std::istream& in, std::ostream& out, std::
       return call(line, in, out, err, terminal);
     case CommandLine::Command::kExplain:
       return explainCall(line, in, out, err);
+    case CommandLine::Command::kHelp:
+      showReference(out, line.method, line.asJson, terminal && wantsColour());
+      return kDone;
     case CommandLine::Command::kTour:
       return tour({"--plugin", pluginOf(line).string()}, out, err);
     default:

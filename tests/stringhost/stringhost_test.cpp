@@ -7,6 +7,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "standin/session.h"
 #include "stringhost/nearest.h"
 #include "stringhost/shell_words.h"
 
@@ -249,6 +250,28 @@ Result
   CHECK(ran({"explain", "forgetsAString", "x"}).status == kUnbalanced);
 }
 
+TEST_CASE("help shows the reference") {
+  const Run told = ran({"help", "encodingtohexzqv"});
+  CHECK(told.status == kDone);
+  CHECK(told.out.starts_with("EncodingToHexZQV\n\n    EncodingToHexZQV(s as string) as string\n\nWrites the bytes"));
+  CHECK(told.out.find('`') == std::string::npos);
+  CHECK(told.out.find("```") == std::string::npos);
+  CHECK(told.out.find("\n    $ stringhost call EncodingToHexZQV") != std::string::npos);
+  CHECK(ran({"help", "EncodingToHexZQV"}, true).out.find("EncodingToHexZQV") != std::string::npos);
+  CHECK(ran({"help", "EncodingToURLZQV"}).out.find("\"_\"") != std::string::npos);
+  const std::string json = ran({"help", "--json", "_yDecodeStringZQV"}).out;
+  CHECK(json.starts_with(R"({"name":"_yDecodeStringZQV","declarations":["_yDecodeStringZQV(data as string)"));
+  CHECK(ran({"help", "EncodingToHexZQ"}).err ==
+        "stringhost: no such method: EncodingToHexZQ\ndid you mean EncodingToHexZQV?\n");
+  CHECK(ran({"help"}).out == ran({"--help"}).out);
+  CHECK(ran({"help", "call"}).out == ran({"call", "--help"}).out);
+  const standin::Session session;
+  for (const standin::Method& method : session.methods()) {
+    CAPTURE(method.declaration.name);
+    CHECK(ran({"help", method.declaration.name}).out.find(method.entry.declaration) != std::string::npos);
+  }
+}
+
 TEST_CASE("list shows what was registered") {
   CHECK(ran({"list", "half"}).out == "half(a as string, b as string) as double\n");
   CHECK(ran({"list", "IS*L"}).out == "isNull(s as string) as boolean\n");
@@ -279,8 +302,12 @@ TEST_CASE("list shows what was registered") {
 
 TEST_CASE("help and version") {
   CHECK(ran({"--version"}).out == "stringhost " STRINGHOST_VERSION "\n");
-  for (const Words& words :
-       {Words{"--help"}, {"list", "--help"}, {"explain", "--help"}, {"call", "-h"}, {"call", "half", "--help"}, {"tour", "--help"}}) {
+  for (const Words& words : {Words{"--help"},
+                             {"list", "--help"},
+                             {"explain", "--help"},
+                             {"call", "-h"},
+                             {"call", "half", "--help"},
+                             {"tour", "--help"}}) {
     const Run result = ran(words);
     CHECK(result.out.find("Usage: stringhost") != std::string::npos);
     CHECK(result.err == "");
