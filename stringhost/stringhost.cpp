@@ -1,8 +1,11 @@
 #include "stringhost/stringhost.h"
 
 #include <chrono>
+#include <cmath>
 #include <istream>
+#include <new>
 #include <ostream>
+#include <stdexcept>
 
 #include "standin/session.h"
 #include "stringhost/arguments.h"
@@ -11,7 +14,9 @@
 #include "stringhost/explain.h"
 #include "stringhost/list.h"
 #include "stringhost/nearest.h"
+#include "stringhost/progress.h"
 #include "stringhost/reference_command.h"
+#include "stringhost/timing.h"
 #include "stringhost/tour.h"
 #include "stringhost/usage_error.h"
 
@@ -68,45 +73,63 @@ int report(std::ostream& err, const standin::Outcome& outcome) {
   return outcome.exception ? kRaised : kDone;
 }
 
-int call(const CommandLine& line, std::istream& in, std::ostream& out, std::ostream& err, bool terminal) {
+std::vector<standin::Argument> readArguments(const standin::Method& method, const CommandLine& line, std::istream& in,
+                                             std::ostream& err, bool watched) {
+  const Progress progress(err, "reading the arguments", watched);
+  return parseArguments(method.declaration, line.arguments, {in, line.encoding});
+}
+
+int call(const CommandLine& line, std::istream& in, std::ostream& out, std::ostream& err, bool terminal, bool watched) {
   standin::Session session(pluginOf(line),
                            {.version = line.hostVersion, .without = line.without, .logs = false, .loadsInPlace = true});
   const standin::Method& method = find(session, line);
-  const auto arguments = parseArguments(method.declaration, line.arguments, {in, line.encoding});
+  const auto arguments = readArguments(method, line, in, err, watched);
 
-  using Clock = std::chrono::steady_clock;
   standin::Outcome outcome;
-  const Clock::time_point start = Clock::now();
-  for (int round = 0; round < line.repeat && outcome.balanced; ++round) outcome = session.call(method, arguments);
-  const std::chrono::duration<double, std::nano> elapsed = Clock::now() - start;
+  Timing timing;
+  {
+    Progress progress(err, "calling " + method.declaration.name, watched, line.repeat);
+    for (int round = 0; round < line.repeat && outcome.balanced; ++round) {
+      using Clock = std::chrono::steady_clock;
+      const Clock::time_point start = Clock::now();
+      outcome = session.call(method, arguments);
+      timing.add(std::chrono::duration<double, std::nano>(Clock::now() - start).count());
+      progress.advance();
+    }
+  }
 
   const bool isResult = !outcome.exception || line.output == Form::kJson;
   if (isResult) print(out, outcome, method.declaration.result, line.output, terminal);
   if (!out.flush()) throw UsageError("the result cannot be written");
   if (line.repeat > 1) {
-    err << line.repeat << " calls, " << static_cast<std::int64_t>(elapsed.count() / line.repeat)
-        << " ns each, the host's work included\n";
+    const auto whole = [](double nanoseconds) { return static_cast<std::int64_t>(std::llround(nanoseconds)); };
+    err << timing.count() << " calls, " << whole(timing.mean()) << " ns each \u00B1 " << whole(timing.deviation())
+        << " (" << whole(timing.least()) << " to " << whole(timing.most()) << "), the host's work included\n";
   }
   return report(err, outcome);
 }
 
-int explainCall(const CommandLine& line, std::istream& in, std::ostream& out, std::ostream& err) {
+int explainCall(const CommandLine& line, std::istream& in, std::ostream& out, std::ostream& err, bool watched) {
   standin::Session session(pluginOf(line),
                            {.version = line.hostVersion, .without = line.without, .loadsInPlace = true});
   const standin::Method& method = find(session, line);
-  const auto arguments = parseArguments(method.declaration, line.arguments, {in, line.encoding});
-  const standin::Outcome outcome = session.call(method, arguments);
+  const auto arguments = readArguments(method, line, in, err, watched);
+  const standin::Outcome outcome = [&] {
+    const Progress progress(err, "calling " + method.declaration.name, watched);
+    return session.call(method, arguments);
+  }();
   explain(out, method, arguments, outcome, line.asJson);
   if (!out.flush()) throw UsageError("the explanation cannot be written");
   return report(err, outcome);
 }
 
-int dispatch(const CommandLine& line, std::istream& in, std::ostream& out, std::ostream& err, bool terminal) {
+int dispatch(const CommandLine& line, std::istream& in, std::ostream& out, std::ostream& err, bool terminal,
+             bool watched) {
   switch (line.command) {
     case CommandLine::Command::kCall:
-      return call(line, in, out, err, terminal);
+      return call(line, in, out, err, terminal, watched);
     case CommandLine::Command::kExplain:
-      return explainCall(line, in, out, err);
+      return explainCall(line, in, out, err, watched);
     case CommandLine::Command::kHelp:
       showReference(out, line.method, line.asJson, terminal && wantsColour());
       return kDone;
@@ -123,17 +146,21 @@ int dispatch(const CommandLine& line, std::istream& in, std::ostream& out, std::
 }  // namespace
 
 int run(const std::vector<std::string>& arguments, std::istream& in, std::ostream& out, std::ostream& err,
-        bool terminal) {
+        bool terminal, bool watched) {
   try {
     const CommandLine line = parseCommandLine(arguments);
     if (line.reply) {
       out << *line.reply;
       return kDone;
     }
-    return dispatch(line, in, out, err, terminal);
+    return dispatch(line, in, out, err, terminal, watched);
   } catch (const UsageError& error) {
     err << "stringhost: " << error.what() << '\n';
     if (!error.hint().empty()) err << error.hint() << '\n';
+  } catch (const std::bad_alloc&) {
+    err << "stringhost: not enough memory\n";
+  } catch (const std::length_error&) {
+    err << "stringhost: not enough memory\n";
   } catch (const std::exception& error) {
     err << "stringhost: " << error.what() << '\n';
   }
