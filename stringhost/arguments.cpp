@@ -37,10 +37,12 @@ constexpr std::uintmax_t kMostBytes = std::numeric_limits<std::int32_t>::max();
 }
 
 /// Reads to the end, or refuses what is longer than a string can be as soon as that is seen.
-std::string readAll(std::istream& in, const std::string& name) {
+/// @param expected  how many bytes there probably are, so that they are moved about less
+std::string readAll(std::istream& in, const std::string& name, std::size_t expected = 0) {
   constexpr std::size_t kBlock = std::size_t{1} << 20;
   const auto block = std::make_unique<char[]>(kBlock);
   std::string bytes;
+  bytes.reserve(expected);
   while (in.read(block.get(), kBlock), in.gcount() > 0) {
     const auto count = static_cast<std::size_t>(in.gcount());
     if (count > kMostBytes - bytes.size()) refuseLength(name);
@@ -53,12 +55,11 @@ std::string readFile(const std::string& name) {
   const std::filesystem::path path(std::u8string(name.begin(), name.end()));
   std::error_code failure;
   if (std::filesystem::is_directory(path, failure)) throw UsageError(name + ": is a directory");
-  if (std::filesystem::is_regular_file(path, failure) && std::filesystem::file_size(path, failure) > kMostBytes &&
-      !failure) {
-    refuseLength(name);
-  }
+  const bool isSized = std::filesystem::is_regular_file(path, failure);
+  const std::uintmax_t size = isSized ? std::filesystem::file_size(path, failure) : 0;
+  if (isSized && !failure && size > kMostBytes) refuseLength(name);
   std::ifstream file(path, std::ios::binary);
-  std::string bytes = readAll(file, name);
+  std::string bytes = readAll(file, name, failure ? 0 : static_cast<std::size_t>(size));
   if (!file.is_open() || file.bad()) throw UsageError(name + ": cannot be read");
   return bytes;
 }

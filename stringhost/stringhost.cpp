@@ -25,7 +25,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The plugin built or unpacked beside this program.
+/// The plugin built, unpacked or installed beside this program.
 fs::path neighbour() {
 #ifdef _WIN32
   const fs::path name = "StringPlugin.dll";
@@ -33,7 +33,7 @@ fs::path neighbour() {
   const fs::path name = "StringPlugin.so";
 #endif
   const fs::path folder = executableFolder();
-  for (const fs::path& candidate : {folder / name, folder.parent_path() / name}) {
+  for (const fs::path& candidate : {folder / name, folder.parent_path() / name, folder.parent_path() / "lib" / name}) {
     std::error_code failure;
     if (fs::is_regular_file(candidate, failure)) return candidate;
   }
