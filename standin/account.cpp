@@ -41,9 +41,20 @@ Visit::Visit(Service service)
     fails_ = true;
     return;
   }
-  if (account_ != nullptr && host_->options_.logs) account_->services.push_back(service);
+  if (account_ != nullptr && host_->options_.logs) {
+    account_->services.push_back(ServiceUse{service, nullptr, nullptr, std::nullopt});
+    use_ = account_->services.size();
+  }
   Host::Setting& setting = host_->setting(service);
   fails_ = setting.failing && (++setting.calls == *setting.failing || *setting.failing == 0);
+}
+
+void Visit::note(const Counted* thing) const noexcept {
+  if (use_ != 0 && account_->services[use_ - 1].thing == nullptr) account_->services[use_ - 1].thing = thing;
+}
+
+void Visit::note(TextEncoding encoding) const noexcept {
+  if (use_ != 0) account_->services[use_ - 1].encoding = encoding;
 }
 
 void Visit::report(const std::string& what) const {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "standin/host.h"
+#include "standin/transcript.h"
 
 namespace standin {
 
@@ -36,7 +37,7 @@ class Account {
   /// Takes a reference of its own. An exception raised before is dropped.
   void raise(ExceptionObject* exception) noexcept;
 
-  std::vector<Service> services;     ///< called, in order
+  std::vector<ServiceUse> services;  ///< called, in order
   std::vector<std::string> lookups;  ///< in order
   std::vector<std::string> violations;
 
@@ -58,6 +59,10 @@ class Visit {
   [[nodiscard]] Account* account() const noexcept { return account_; }
   [[nodiscard]] bool fails() const noexcept { return fails_; }
 
+  /// Enters in the account what the service is asked about, or the encoding it is asked for.
+  void note(const Counted* thing) const noexcept;
+  void note(TextEncoding encoding) const noexcept;
+
   /// Reports a violation by the service's name.
   void report(const std::string& what) const;
 
@@ -66,6 +71,7 @@ class Visit {
   Account* account_;
   Host* host_;
   bool fails_;
+  std::size_t use_ = 0;  ///< index of this use in the account, plus one; 0 where nothing is recorded
 };
 
 }  // namespace standin

@@ -111,6 +111,7 @@ void Host::enter(Counted* thing) {
   if (Account* account = Account::current()) {
     account->things_.emplace_back(thing);
     thing->track();
+    if (!account->services.empty()) account->services.back().made = thing;
   }
   alive_.fetch_add(1, std::memory_order_relaxed);
 }

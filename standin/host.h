@@ -102,7 +102,8 @@ class Host {
   }
   /// A host that doesn't tell its version is taken for the oldest there is, and is laid out as such.
   [[nodiscard]] bool hasReadableStructures() const noexcept {
-    return options_.version < 2016.0 || !offers(Service::kGetRBVersion);
+    const Setting& version = setting(Service::kGetRBVersion);
+    return options_.version < 2016.0 || version.absent || version.failing;
   }
   void enter(Counted* thing);
 

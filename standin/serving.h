@@ -25,6 +25,7 @@ auto serve(Service service, Body body) noexcept -> std::invoke_result_t<Body, co
 inline HostString* open(const Visit& visit, REALstringStruct* handle) {
   if (handle == nullptr) return nullptr;
   HostString* const string = HostString::of(handle);
+  visit.note(string);
   if (string->isAlive()) return string;
   visit.report("the string was released before");
   return nullptr;
@@ -32,6 +33,7 @@ inline HostString* open(const Visit& visit, REALstringStruct* handle) {
 
 template <typename Object>
 Object* open(const Visit& visit, Object* object) {
+  visit.note(object);
   if (object == nullptr || object->isAlive()) return object;
   visit.report("the object was released before");
   return nullptr;

@@ -43,6 +43,11 @@ Argument parseDefault(const Parameter& parameter) {
 /// References on an argument during a call: the calling program's and the call's own.
 constexpr int kReferences = 2;
 
+const Counted* thingOf(const Value& value) noexcept {
+  if (value.string != nullptr) return HostString::of(value.string);
+  return value.block;
+}
+
 /// The arguments of one call, in the host's representation.
 class Arguments {
  public:
@@ -66,6 +71,14 @@ class Arguments {
       if (isSame) return static_cast<int>(index);
     }
     return -1;
+  }
+
+  /// The arguments that are things of the host, null for the others.
+  [[nodiscard]] std::vector<const Counted*> things() const {
+    std::vector<const Counted*> things;
+    things.reserve(values_.size());
+    for (const Value& value : values_) things.push_back(thingOf(value));
+    return things;
   }
 
   /// Gives the references back; what the plugin took and what it dropped have to balance.
@@ -184,7 +197,7 @@ void settle(Account& account, Outcome& outcome) {
   if (const ExceptionObject* raised = account.raised()) outcome.exception = raised->raised;
   account.close();
   outcome.services.reserve(account.services.size());
-  for (const Service service : account.services) outcome.services.emplace_back(nameOf(service));
+  for (const ServiceUse& use : account.services) outcome.services.emplace_back(nameOf(use.service));
   outcome.lookups = std::move(account.lookups);
   outcome.violations = std::move(account.violations);
   outcome.balanced = outcome.violations.empty();
@@ -234,6 +247,7 @@ Outcome Session::call(const Method& method, const std::vector<Argument>& argumen
   const Value result = method.invoke(method.entry.function, handles.data());
   outcome.sameAsArgument = handles.indexOf(result);
   takeResult(account, method.declaration.result, result, outcome);
+  outcome.calls = transcript(account.services, handles.things(), thingOf(result));
   handles.release(account);
   settle(account, outcome);
   return outcome;

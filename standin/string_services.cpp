@@ -24,6 +24,7 @@ class Form final : public Counted {
 char gRecordSeal;
 
 REALstringStruct* build(const Visit& visit, const void* bytes, HostInteger length, TextEncoding encoding) {
+  visit.note(encoding);
   if (length < 0 || length > INT32_MAX || (bytes == nullptr && length > 0)) return nullptr;
   return visit.host().makeConverted({static_cast<const char*>(bytes), static_cast<std::size_t>(length)}, encoding);
 }
@@ -70,6 +71,7 @@ std::int32_t lenB(REALstringStruct* handle) {
 HostBoolean getStringData(REALstringStruct* handle, TextEncoding encoding, StringDataRecord* record) {
   return serve(Service::kGetStringData, [&](const Visit& visit) -> HostBoolean {
     Host& host = visit.host();
+    visit.note(encoding);
     const HostString* string = open(visit, handle);
     auto text = string == nullptr ? transcode({}, kEncodingUTF8, encoding)
                                   : transcode(string->bytes(), string->mark(), encoding);
@@ -89,6 +91,7 @@ void disposeStringData(StringDataRecord* record) {
   serve(Service::kDisposeStringData, [&](const Visit& visit) {
     if (record->reserved[1] != &gRecordSeal) return visit.report("the host never filled the record");
     auto* const form = static_cast<Form*>(record->reserved[0]);
+    visit.note(form);
     if (!form->isAlive()) return visit.report("the record was given back before");
     visit.host().release(form);
   });
@@ -96,6 +99,7 @@ void disposeStringData(StringDataRecord* record) {
 
 REALstringStruct* convertString(REALstringStruct* handle, TextEncoding encoding) {
   return serve(Service::kConvertString, [&](const Visit& visit) -> REALstringStruct* {
+    visit.note(encoding);
     const HostString* string = open(visit, handle);
     if (string == nullptr) return nullptr;
     auto text = transcode(string->bytes(), string->mark(), encoding);
@@ -118,6 +122,7 @@ REALstringStruct* buildString(const void* bytes, HostInteger length) {
 
 void setStringEncoding(REALstringStruct* handle, TextEncoding encoding) {
   serve(Service::kSetStringEncoding, [&](const Visit& visit) {
+    visit.note(encoding);
     HostString* const string = open(visit, handle);
     if (string == nullptr) return visit.report("no string to mark");
     if (string->references() != 1) visit.report("a string that others hold, too, is immutable");

@@ -49,6 +49,7 @@ struct Block {
 [[nodiscard]] inline Block nilBlock() { return {{}, true}; }
 
 using Argument = std::variant<Text, Block, std::int32_t, double, bool>;
+using Result = std::variant<Text, std::int64_t, double, bool, Block>;
 
 /// An exception the plugin raised.
 struct Raised {
@@ -59,12 +60,21 @@ struct Raised {
   bool operator==(const Raised&) const = default;
 };
 
+/// A service called during a call.
+struct ServiceCall {
+  std::string service;                   ///< the name it is looked up under
+  std::string thing;                     ///< what it was asked about: "argument 1", "result", "string 1"; may be empty
+  std::string made;                      ///< what it handed out, named likewise
+  std::optional<TextEncoding> encoding;  ///< asked for, or given to what was made
+};
+
 /// What one call did.
 struct Outcome {
-  std::variant<Text, std::int64_t, double, bool, Block> result;
+  Result result;
   int sameAsArgument = -1;              ///< index of the argument whose very handle came back
   std::optional<Raised> exception;      ///< the last one raised
   std::vector<std::string> services;    ///< services called, in order
+  std::vector<ServiceCall> calls;       ///< the same services, with what they were asked for
   std::vector<std::string> lookups;     ///< names looked up, in order, and declarations of global methods
   std::vector<std::string> violations;  ///< what was leaked, released twice or otherwise wrongly done
   bool balanced = true;                 ///< no violations: every reference and record is accounted for

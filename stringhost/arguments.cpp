@@ -3,12 +3,16 @@
 #include <algorithm>
 #include <cctype>
 #include <charconv>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <istream>
-#include <iterator>
+#include <limits>
+#include <memory>
 #include <optional>
 #include <string_view>
+#include <system_error>
+#include <utility>
 
 #include "standin/transcode.h"
 #include "stringhost/usage_error.h"
@@ -25,11 +29,37 @@ struct Content {
   bool isText;
 };
 
-std::string readAll(std::istream& in) { return {std::istreambuf_iterator<char>(in), {}}; }
+/// What a string or a memory block of the host holds at most.
+constexpr std::uintmax_t kMostBytes = std::numeric_limits<std::int32_t>::max();
+
+[[noreturn]] void refuseLength(const std::string& name) {
+  throw UsageError(name + ": more than " + std::to_string(kMostBytes) + " bytes, which is all a string can hold");
+}
+
+/// Reads to the end, or refuses what is longer than a string can be as soon as that is seen.
+/// @param expected  how many bytes there probably are, so that they are moved about less
+std::string readAll(std::istream& in, const std::string& name, std::size_t expected = 0) {
+  constexpr std::size_t kBlock = std::size_t{1} << 20;
+  const auto block = std::make_unique<char[]>(kBlock);
+  std::string bytes;
+  bytes.reserve(expected);
+  while (in.read(block.get(), kBlock), in.gcount() > 0) {
+    const auto count = static_cast<std::size_t>(in.gcount());
+    if (count > kMostBytes - bytes.size()) refuseLength(name);
+    bytes.append(block.get(), count);
+  }
+  return bytes;
+}
 
 std::string readFile(const std::string& name) {
-  std::ifstream file(std::filesystem::path(std::u8string(name.begin(), name.end())), std::ios::binary);
-  std::string bytes = readAll(file);
+  const std::filesystem::path path(std::u8string(name.begin(), name.end()));
+  std::error_code failure;
+  if (std::filesystem::is_directory(path, failure)) throw UsageError(name + ": is a directory");
+  const bool isSized = std::filesystem::is_regular_file(path, failure);
+  const std::uintmax_t size = isSized ? std::filesystem::file_size(path, failure) : 0;
+  if (isSized && !failure && size > kMostBytes) refuseLength(name);
+  std::ifstream file(path, std::ios::binary);
+  std::string bytes = readAll(file, name, failure ? 0 : static_cast<std::size_t>(size));
   if (!file.is_open() || file.bad()) throw UsageError(name + ": cannot be read");
   return bytes;
 }
@@ -60,7 +90,7 @@ std::string parseHex(const std::string& written, std::string_view digits) {
 /// Nothing for an empty argument.
 std::optional<Content> parseContent(const std::string& written, const Source& source) {
   if (written.empty()) return std::nullopt;
-  if (written == "-") return Content{readAll(source.in), false};
+  if (written == "-") return Content{readAll(source.in, "standard input"), false};
   if (written[0] == '@') return Content{readFile(written.substr(1)), false};
   if (written.starts_with("hex:")) return Content{parseHex(written, std::string_view(written).substr(4)), false};
   if (written.starts_with("text:")) return Content{written.substr(5), true};
@@ -68,16 +98,16 @@ std::optional<Content> parseContent(const std::string& written, const Source& so
 }
 
 standin::Text parseString(const std::string& written, const Source& source) {
-  const auto content = parseContent(written, source);
+  auto content = parseContent(written, source);
   if (!content) return standin::nullText();
-  if (!content->isText) return standin::marked(content->bytes, source.encoding);
+  if (!content->isText) return {std::move(content->bytes), source.encoding, false};
   return standin::marked(*standin::transcode(content->bytes, kEncodingUTF8, source.encoding), source.encoding);
 }
 
 standin::Block parseBlock(const std::string& written, const Source& source) {
   if (written == "nil") return standin::nilBlock();
-  const auto content = parseContent(written, source);
-  return content ? standin::block(content->bytes) : standin::nilBlock();
+  auto content = parseContent(written, source);
+  return content ? standin::Block{std::move(content->bytes), false} : standin::nilBlock();
 }
 
 template <typename Number>

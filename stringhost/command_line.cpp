@@ -21,7 +21,7 @@ constexpr char kShield = '\x01';
 
 constexpr std::pair<const char*, Form> kForms[] = {
     {"text", Form::kText}, {"hex", Form::kHex}, {"json", Form::kJson}, {"raw", Form::kRaw}};
-const std::vector<std::string> kCommands = {"list", "call", "tour"};
+const std::vector<std::string> kCommands = {"list", "call", "explain", "help", "tour"};
 const std::vector<std::string> kOptions = {"--host-version", "--encoding", "--without", "--output", "--repeat",
                                            "--plugin",       "--json",     "--help",    "--version"};
 const std::vector<std::string> kFlags = {"--json", "--help", "-h", "--version"};
@@ -113,6 +113,8 @@ class Parser {
     app_.footer("Begin with: stringhost tour");
     addList();
     addCall();
+    addExplain();
+    addHelp();
     app_.add_subcommand("tour", "Show a few real calls")->fallthrough();
   }
 
@@ -129,13 +131,16 @@ class Parser {
       refuseExtras();
     } catch (const CLI::RequiredError&) {
       if (app_.get_subcommands().empty()) throw UsageError("no command given", "stringhost --help shows them");
-      throw UsageError("call needs the name of a method", "stringhost list shows them");
+      throw UsageError(app_.get_subcommands().front()->get_name() + " needs the name of a method",
+                       "stringhost list shows them");
     } catch (const CLI::ParseError& error) {
       throw UsageError(unshielded(error.what()), "stringhost --help says more");
     }
     if (line_.reply) return;
     if (list_->parsed()) line_.command = CommandLine::Command::kList;
-    if (call_->parsed()) takeCall();
+    if (call_->parsed()) takeCall(CommandLine::Command::kCall);
+    if (explain_->parsed()) takeCall(CommandLine::Command::kExplain);
+    if (help_->parsed()) takeHelp();
     if (app_.got_subcommand("tour")) line_.command = CommandLine::Command::kTour;
   }
 
@@ -143,32 +148,50 @@ class Parser {
   void addList() {
     list_ = app_.add_subcommand("list", "List the methods the plugin registers")->fallthrough();
     list_->add_option("PATTERN", line_.pattern, "A part of the name, or with * and ? the whole of it");
-    list_->add_flag("--json", line_.listsAsJson, "As JSON: name, declaration, parameters, result");
+    list_->add_flag("--json", line_.asJson, "As JSON: name, declaration, parameters, result");
   }
 
   void addCall() {
     call_ = app_.add_subcommand("call", "Call a method and print its result")->fallthrough();
-    call_->add_option("METHOD", line_.method, "Its name, as list shows it")->type_name("")->required();
-    call_->add_option("ARG", line_.arguments, "An argument, see below")->type_name("")->take_all();
-    call_->add_option("--host-version", line_.hostVersion, "The version of the host to be played")
-        ->type_name("V")
-        ->check(checked<double>(0, 1e6, "version of the host"))
-        ->default_val(standin::Options().version);
-    call_
-        ->add_option(
-            "--encoding", encoding_,
-            "How string arguments are encoded and marked: utf-8, ascii, utf-16, utf-32, macroman, windows-1252 or none")
-        ->type_name("E")
-        ->default_str("utf-8");
-    call_->add_option("--without", line_.without, "A service the host shall not offer; may be repeated")
-        ->type_name("SERVICE")
-        ->take_all()
-        ->allow_extra_args(false);
+    addMethodAndHost(*call_);
     call_->add_option("--output", output_, "text, hex, json or raw")->type_name("FORM")->default_str("text");
+    call_->add_flag("--json", line_.asJson, "The same as --output json");
     call_->add_option("--repeat", line_.repeat, "Call it N times and say how long a call takes")
         ->type_name("N")
         ->check(checked<int>(1, 1'000'000'000, "number of calls"));
     call_->footer(kCallHelp());
+  }
+
+  void addExplain() {
+    explain_ = app_.add_subcommand("explain", "Call a method and show the call as the host sees it")->fallthrough();
+    addMethodAndHost(*explain_);
+    explain_->add_flag("--json", line_.asJson, "As JSON: method, arguments, services, forms, references, result");
+    explain_->footer(kArgumentHelp);
+  }
+
+  void addHelp() {
+    help_ = app_.add_subcommand("help", "Show what the reference says about a method")->fallthrough();
+    help_->add_option("METHOD", line_.method, "Its name; without it, this program is explained")->type_name("");
+    help_->add_flag("--json", line_.asJson, "As JSON: name, declarations, text (Markdown)");
+  }
+
+  void addMethodAndHost(CLI::App& command) {
+    command.add_option("METHOD", line_.method, "Its name, as list shows it")->type_name("")->required();
+    command.add_option("ARG", line_.arguments, "An argument, see below")->type_name("")->take_all();
+    command.add_option("--host-version", line_.hostVersion, "The version of the host to be played")
+        ->type_name("V")
+        ->check(checked<double>(0, 1e6, "version of the host"))
+        ->default_val(standin::Options().version);
+    command
+        .add_option(
+            "--encoding", encoding_,
+            "How string arguments are encoded and marked: utf-8, ascii, utf-16, utf-32, macroman, windows-1252 or none")
+        ->type_name("E")
+        ->default_str("utf-8");
+    command.add_option("--without", line_.without, "A service the host shall not offer; may be repeated")
+        ->type_name("SERVICE")
+        ->take_all()
+        ->allow_extra_args(false);
   }
 
   static std::string kCallHelp() {
@@ -185,7 +208,7 @@ leaked or broke another rule of the host.)";
   }
 
   std::string help() {
-    for (CLI::App* command : {list_, call_, app_.get_subcommand("tour")}) {
+    for (CLI::App* command : {list_, call_, explain_, help_, app_.get_subcommand("tour")}) {
       if (command->parsed()) return command->help("stringhost");
     }
     return app_.help();
@@ -198,12 +221,20 @@ leaked or broke another rule of the host.)";
     throw UsageError("one argument too many: " + unshielded(first));
   }
 
-  void takeCall() {
-    line_.command = CommandLine::Command::kCall;
+  void takeHelp() {
+    line_.command = CommandLine::Command::kHelp;
+    line_.method = unshielded(line_.method);
+    if (line_.method.empty()) line_.reply = parseCommandLine({"--help"}).reply;
+    if (contains(kCommands, line_.method)) line_.reply = parseCommandLine({line_.method, "--help"}).reply;
+  }
+
+  void takeCall(CommandLine::Command command) {
+    line_.command = command;
     line_.method = unshielded(line_.method);
     for (std::string& argument : line_.arguments) argument.erase(0, 1);
     line_.encoding = valueNamed(kEncodingNames, encoding_, "encoding");
     line_.output = valueNamed(kForms, output_, "form of output");
+    if (line_.asJson) line_.output = Form::kJson;
     checkServices(line_.without);
   }
 
@@ -211,6 +242,8 @@ leaked or broke another rule of the host.)";
   CLI::App app_{"Plays the host for a string plugin: lists its methods and calls them.", "stringhost"};
   CLI::App* list_ = nullptr;
   CLI::App* call_ = nullptr;
+  CLI::App* explain_ = nullptr;
+  CLI::App* help_ = nullptr;
   std::string encoding_ = "utf-8";
   std::string output_ = "text";
 };

@@ -11,16 +11,17 @@
 namespace stringhost {
 
 struct CommandLine {
-  enum class Command { kNone, kList, kCall, kTour };
+  enum class Command { kNone, kList, kCall, kExplain, kHelp, kTour };
 
   Command command = Command::kNone;
   std::optional<std::string> reply;  ///< what --help or --version answer; nothing else is to be done then
   std::string plugin;                ///< empty: the one built beside this program
 
-  std::string pattern;  ///< of list
-  bool listsAsJson = false;
+  bool asJson = false;
 
-  std::string method;  ///< of call
+  std::string pattern;  ///< of list
+
+  std::string method;  ///< of call, explain and help
   std::vector<std::string> arguments;
   double hostVersion = 0;
   TextEncoding encoding = kEncodingUTF8;

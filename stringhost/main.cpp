@@ -16,6 +16,7 @@
 namespace {
 
 bool isTerminal() { return _isatty(_fileno(stdout)) != 0; }
+bool isWatched() { return _isatty(_fileno(stderr)) != 0; }
 
 void openStreams() {
   _setmode(_fileno(stdin), _O_BINARY);
@@ -48,6 +49,7 @@ std::vector<std::string> argumentsOf(int /*count*/, char** /*words*/) {
 namespace {
 
 bool isTerminal() { return isatty(STDOUT_FILENO) != 0; }
+bool isWatched() { return isatty(STDERR_FILENO) != 0; }
 
 void openStreams() { std::ios::sync_with_stdio(false); }
 
@@ -59,5 +61,5 @@ std::vector<std::string> argumentsOf(int count, char** words) { return {words + 
 
 int main(int count, char** words) {
   openStreams();
-  return stringhost::run(argumentsOf(count, words), std::cin, std::cout, std::cerr, isTerminal());
+  return stringhost::run(argumentsOf(count, words), std::cin, std::cout, std::cerr, isTerminal(), isWatched());
 }

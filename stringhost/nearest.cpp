@@ -31,6 +31,8 @@ std::size_t editDistance(std::string_view a, std::string_view b) {
 
 }  // namespace
 
+bool isSameName(std::string_view a, std::string_view b) { return lower(a) == lower(b); }
+
 std::string hintFor(std::string_view name, const std::vector<std::string>& candidates) {
   const std::string wanted = lower(name);
   const std::string* best = nullptr;

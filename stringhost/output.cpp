@@ -45,29 +45,53 @@ std::string digits(double number) {
   return {buffer, std::to_chars(buffer, buffer + sizeof buffer, number).ptr};
 }
 
-/// The bytes of a string or memory block; nothing for other results.
-std::optional<standin::Text> bytesOf(const standin::Outcome& outcome) {
-  if (const auto* text = std::get_if<standin::Text>(&outcome.result)) return *text;
-  if (const auto* block = std::get_if<standin::Block>(&outcome.result)) {
+/// The bytes of a string or memory block; nothing for other values.
+template <typename Value>
+std::optional<standin::Text> bytesOf(const Value& value) {
+  if (const auto* text = std::get_if<standin::Text>(&value)) return *text;
+  if (const auto* block = std::get_if<standin::Block>(&value)) {
     return standin::Text{block->bytes, kEncodingNone, block->nil};
   }
   return std::nullopt;
 }
 
-std::string scalar(const standin::Outcome& outcome) {
-  if (const auto* integer = std::get_if<std::int64_t>(&outcome.result)) return std::to_string(*integer);
-  if (const auto* number = std::get_if<double>(&outcome.result)) return digits(*number);
-  return outcome.boolean() ? "true" : "false";
+/// What has no bytes, as it is printed.
+template <typename Value>
+std::string scalar(const Value& value) {
+  return std::visit(
+      [](const auto& plain) -> std::string {
+        using Plain = std::decay_t<decltype(plain)>;
+        if constexpr (std::is_same_v<Plain, bool>) {
+          return plain ? "true" : "false";
+        } else if constexpr (std::is_same_v<Plain, double>) {
+          return digits(plain);
+        } else if constexpr (std::is_integral_v<Plain>) {
+          return std::to_string(plain);
+        } else {
+          return {};
+        }
+      },
+      value);
 }
 
-ordered_json valueOf(const standin::Outcome& outcome) {
-  if (const auto* integer = std::get_if<std::int64_t>(&outcome.result)) return *integer;
-  if (const auto* boolean = std::get_if<bool>(&outcome.result)) return *boolean;
-  if (const auto* number = std::get_if<double>(&outcome.result)) {
+template <typename Value>
+ordered_json valueOf(const Value& value) {
+  if (const auto bytes = bytesOf(value)) {
+    const auto utf8 = readable(*bytes);
+    return utf8 ? ordered_json(*utf8) : ordered_json();
+  }
+  if (const auto* number = std::get_if<double>(&value)) {
     return std::isfinite(*number) ? ordered_json(*number) : ordered_json(digits(*number));
   }
-  const auto utf8 = readable(*bytesOf(outcome));
-  return utf8 ? ordered_json(*utf8) : ordered_json();
+  return ordered_json::parse(scalar(value));
+}
+
+template <typename Value>
+standin::Type typeOf(const Value& value) {
+  if (std::holds_alternative<standin::Text>(value)) return standin::Type::kString;
+  if (std::holds_alternative<standin::Block>(value)) return standin::Type::kMemoryBlock;
+  if (std::holds_alternative<double>(value)) return standin::Type::kDouble;
+  return std::holds_alternative<bool>(value) ? standin::Type::kBoolean : standin::Type::kInteger;
 }
 
 ordered_json encodingOf(TextEncoding encoding) {
@@ -75,21 +99,33 @@ ordered_json encodingOf(TextEncoding encoding) {
   return encoding;
 }
 
-void printJson(std::ostream& out, const standin::Outcome& outcome, standin::Type type) {
-  ordered_json json;
-  json["type"] = standin::nameOf(type);
-  json["value"] = valueOf(outcome);
-  if (const auto bytes = bytesOf(outcome)) {
+template <typename Value>
+ordered_json fieldsOf(const Value& value, standin::Type type) {
+  ordered_json json = {{"type", standin::nameOf(type)}, {"value", valueOf(value)}};
+  if (const auto bytes = bytesOf(value)) {
     json["hex"] = hexDigits(bytes->bytes);
     if (type == standin::Type::kString) json["encoding"] = bytes->null ? ordered_json() : encodingOf(bytes->encoding);
     json["null"] = bytes->null;
-    json["same_argument"] = outcome.sameAsArgument < 0 ? ordered_json() : ordered_json(outcome.sameAsArgument + 1);
   }
-  json["exception"] = nullptr;
-  if (const auto& raised = outcome.exception) {
-    json["exception"] = {{"class", raised->className}, {"message", raised->message}, {"number", raised->errorNumber}};
-  }
-  out << json.dump(-1, ' ', false, ordered_json::error_handler_t::replace) << '\n';
+  return json;
+}
+
+template <typename Value>
+std::string inWords(const Value& value) {
+  constexpr std::size_t kMostShown = 64;
+  const standin::Type type = typeOf(value);
+  const std::string name = standin::nameOf(type);
+  const auto bytes = bytesOf(value);
+  if (!bytes) return name + " " + scalar(value);
+  if (bytes->null) return type == standin::Type::kString ? "null string" : "nil block";
+  const std::size_t size = bytes->bytes.size();
+  std::string words = name + " of " + std::to_string(size) + (size == 1 ? " byte" : " bytes");
+  if (type == standin::Type::kString) words += ", " + encodingName(bytes->encoding);
+  if (size == 0) return words;
+  if (size > kMostShown) return words + ", hex:" + hexDigits(bytes->bytes.substr(0, kMostShown / 2)) + "...";
+  const std::string text = shown(*bytes);
+  const bool isLine = text.find_first_of("\t\r\n") == std::string::npos && !text.starts_with("hex:");
+  return words + ", " + (isLine ? "\"" + text + "\"" : "hex:" + hexDigits(bytes->bytes));
 }
 
 }  // namespace
@@ -106,15 +142,50 @@ std::string hexDigits(std::string_view bytes) {
   return out;
 }
 
+std::string encodingName(TextEncoding encoding) {
+  const char* const name = nameOf(encoding);
+  return name != nullptr ? name : std::to_string(encoding);
+}
+
+std::string described(const standin::Argument& value) { return inWords(value); }
+
+std::string described(const standin::Result& value) { return inWords(value); }
+
+bool isThing(const standin::Result& value) {
+  const auto bytes = bytesOf(value);
+  return bytes && !bytes->null;
+}
+
+ordered_json jsonOf(const standin::Argument& argument) { return fieldsOf(argument, typeOf(argument)); }
+
+ordered_json jsonOf(const standin::Outcome& outcome, standin::Type type) {
+  ordered_json json = fieldsOf(outcome.result, type);
+  if (json.contains("hex")) {
+    json["same_argument"] = outcome.sameAsArgument < 0 ? ordered_json() : ordered_json(outcome.sameAsArgument + 1);
+  }
+  json["exception"] = nullptr;
+  if (const auto& raised = outcome.exception) {
+    json["exception"] = {{"class", raised->className}, {"message", raised->message}, {"number", raised->errorNumber}};
+  }
+  return json;
+}
+
+std::string dumped(const ordered_json& json) {
+  return json.dump(-1, ' ', false, ordered_json::error_handler_t::replace);
+}
+
 void print(std::ostream& out, const standin::Outcome& outcome, standin::Type type, Form form, bool terminal) {
-  if (form == Form::kJson) return printJson(out, outcome, type);
+  if (form == Form::kJson) {
+    out << dumped(jsonOf(outcome, type)) << '\n';
+    return;
+  }
   const bool isShown = terminal && form == Form::kText;
   std::string result;
-  if (const auto bytes = bytesOf(outcome)) {
+  if (const auto bytes = bytesOf(outcome.result)) {
     if (bytes->bytes.empty()) return;
     result = form == Form::kHex ? hexDigits(bytes->bytes) : isShown ? shown(*bytes) : bytes->bytes;
   } else {
-    result = scalar(outcome);
+    result = scalar(outcome.result);
   }
   out << result;
   if (terminal && form != Form::kRaw) out << '\n';

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,25 @@ enum class Form {
 
 /// Two upper-case digits a byte.
 [[nodiscard]] std::string hexDigits(std::string_view bytes);
+
+/// "utf-8" and the like; for an encoding without a name its number.
+[[nodiscard]] std::string encodingName(TextEncoding encoding);
+
+/// A value in words: its type, size and encoding, and what is in it, cut where it is long.
+[[nodiscard]] std::string described(const standin::Argument& value);
+[[nodiscard]] std::string described(const standin::Result& value);
+
+/// Whether it is a string or a memory block that is there, as opposed to null and to plain values.
+[[nodiscard]] bool isThing(const standin::Result& value);
+
+/// The fields of an argument: type and value, and for bytes hex, encoding, null.
+[[nodiscard]] nlohmann::ordered_json jsonOf(const standin::Argument& argument);
+
+/// The fields of a result, as `call` shows them.
+[[nodiscard]] nlohmann::ordered_json jsonOf(const standin::Outcome& outcome, standin::Type type);
+
+/// In one line; what isn't UTF-8 is replaced.
+[[nodiscard]] std::string dumped(const nlohmann::ordered_json& json);
 
 /// Prints what a call gave back. An empty result prints nothing.
 void print(std::ostream& out, const standin::Outcome& outcome, standin::Type type, Form form, bool terminal);

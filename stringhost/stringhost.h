@@ -19,8 +19,9 @@ enum Status {
 /// @param arguments  what follows the program's name, in UTF-8
 /// @param in         what an argument "-" reads
 /// @param terminal   whether a person reads `out`: results are then shown, not handed on byte for byte
+/// @param watched    whether a person reads `err`: what takes long is then kept up to date in place
 /// @return the exit status
 int run(const std::vector<std::string>& arguments, std::istream& in, std::ostream& out, std::ostream& err,
-        bool terminal);
+        bool terminal, bool watched = false);
 
 }  // namespace stringhost

@@ -24,9 +24,10 @@ TEST_CASE("whichever call of a service fails, methods return, keep their account
       const Outcome normal = reference.call(method, arguments);
       std::map<std::string, int> calls;
       for (const std::string& service : normal.services) ++calls[service];
-      for (const auto& [service, times] : calls) {
+      for (const auto& call : calls) {
+        const std::string& service = call.first;
         if (countsReferences(service)) continue;
-        for (int nth = 1; nth <= times; ++nth) {
+        for (int nth = 1; nth <= call.second; ++nth) {
           Session session(Options{.version = version, .failing = {{service, nth}}});
           const Method& same = session.method(method.declaration.name, arguments.size());
           const Outcome outcome = session.call(same, arguments);

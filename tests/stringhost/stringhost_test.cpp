@@ -2,13 +2,22 @@
 #include "stringhost/stringhost.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <doctest/doctest.h>
+#include <filesystem>
 #include <fstream>
+#include <istream>
+#include <new>
 #include <sstream>
+#include <streambuf>
 
+#include "standin/session.h"
 #include "stringhost/nearest.h"
+#include "stringhost/progress.h"
 #include "stringhost/shell_words.h"
+#include "stringhost/timing.h"
 
 using namespace std::string_literals;
 
@@ -81,6 +90,7 @@ TEST_CASE("wrong usage is one line, a hint where there is one, and status 2") {
       {{"call", "isNull", "hex:4G"}, "hex:4G: 'G' is no hex digit", ""},
       {{"call", "isNull", "hex:414"}, "hex:414: two hex digits make a byte, one is missing", ""},
       {{"call", "isNull", "@no such file"}, "no such file: cannot be read", ""},
+      {{"call", "isNull", "@."}, ".: is a directory", ""},
       {{"call", "half", "-", "-"}, "standard input can be read once; only one argument can be -", ""},
       {{"list", "a", "b"}, "one argument too many: b", ""},
       {{"list", "unheard"}, "no method matches: unheard", "stringhost list shows all"},
@@ -216,7 +226,146 @@ TEST_CASE("a call is repeated as often as asked, and timed") {
   const Run result = ran({"call", "counts", "x", "--repeat", "100"});
   CHECK(result.out == "100");
   CHECK(result.err.find("100 calls, ") == 0);
+  CHECK(result.err.find(" ns each \u00B1 ") != std::string::npos);
   CHECK(ran({"call", "counts", "x"}).err == "");
+}
+
+TEST_CASE("explain shows the call as the host sees it") {
+  const Run told = ranOnBuilt({"explain", "NativeStringZQV", "\u00E9"});
+  CHECK(told.status == kDone);
+  CHECK(told.err == "");
+  CHECK(told.out == R"(NativeStringZQV(s as string) as string
+
+Arguments
+  1 s: string of 2 bytes, utf-8, "é"
+Looked up
+  REALConvertString
+Services called
+  REALConvertString, argument 1, utf-8 -> result
+Forms asked for
+  argument 1 in utf-8
+References
+  result: 1 taken, 0 dropped, the one left is the caller's
+Result
+  string of 2 bytes, utf-8, "é", new
+)");
+  CHECK(ranOnBuilt({"explain", "NativeStringZQV", "x", "--without", "REALConvertString"})
+            .out.find("Services called\n  none\n") != std::string::npos);
+  const std::string json = ranOnBuilt({"explain", "--json", "EncodingToHexZQV", "\u00E9"}).out;
+  CHECK(json.find(R"("arguments":[{"name":"s","type":"string","value":"é","hex":"C3A9","encoding":"utf-8",)") !=
+        std::string::npos);
+  CHECK(json.find(R"("result":{"type":"string","value":"C3A9",)") != std::string::npos);
+  CHECK(ran({"explain", "returnsTheArgument", "x"}).out.ends_with("\"x\", argument 1 itself\n"));
+  CHECK(ran({"explain", "raisesTwice", "x"}).status == kRaised);
+  CHECK(ran({"explain", "forgetsAString", "x"}).status == kUnbalanced);
+}
+
+TEST_CASE("help shows the reference") {
+  const Run told = ran({"help", "encodingtohexzqv"});
+  CHECK(told.status == kDone);
+  CHECK(told.out.starts_with("EncodingToHexZQV\n\n    EncodingToHexZQV(s as string) as string\n\nWrites the bytes"));
+  CHECK(told.out.find('`') == std::string::npos);
+  CHECK(told.out.find("```") == std::string::npos);
+  CHECK(told.out.find("\n    $ stringhost call EncodingToHexZQV") != std::string::npos);
+  CHECK(ran({"help", "EncodingToURLZQV"}).out.find("\"_\"") != std::string::npos);
+  const std::string json = ran({"help", "--json", "_yDecodeStringZQV"}).out;
+  CHECK(json.starts_with(R"({"name":"_yDecodeStringZQV","declarations":["_yDecodeStringZQV(data as string)"));
+  CHECK(ran({"help", "EncodingToHexZQ"}).err ==
+        "stringhost: no such method: EncodingToHexZQ\ndid you mean EncodingToHexZQV?\n");
+  CHECK(ran({"help"}).out == ran({"--help"}).out);
+  CHECK(ran({"help", "call"}).out == ran({"call", "--help"}).out);
+  const standin::Session session;
+  for (const standin::Method& method : session.methods()) {
+    CAPTURE(method.declaration.name);
+    CHECK(ran({"help", method.declaration.name}).out.find(method.entry.declaration) != std::string::npos);
+  }
+}
+
+TEST_CASE("the spread of times") {
+  Timing timing;
+  CHECK(timing.deviation() == 0);
+  for (const double time : {2.0, 4.0, 4.0, 4.0, 5.0, 5.0, 7.0, 9.0}) timing.add(time);
+  CHECK(timing.mean() == doctest::Approx(5));
+  CHECK(timing.deviation() == doctest::Approx(std::sqrt(32.0 / 7)));
+  CHECK(timing.least() == 2);
+  CHECK(timing.most() == 9);
+}
+
+TEST_CASE("progress is shown where patience ends, and wiped out on a terminal") {
+  for (const bool isInPlace : {false, true}) {
+    CAPTURE(isInPlace);
+    std::ostringstream err;
+    {
+      const Progress progress(err, "waiting", isInPlace, 7, std::chrono::milliseconds(0));
+      while (!progress.isShown()) std::this_thread::yield();
+    }
+    const std::string line = "stringhost: waiting, 0 of 7, ";
+    CHECK(err.str().find(line) == (isInPlace ? 4 : 0));
+    CHECK(err.str().ends_with(isInPlace ? "\r\x1B[K" : " s so far\n"));
+  }
+  std::ostringstream silent;
+  { const Progress progress(silent, "waiting", true, 0, std::chrono::hours(1)); }
+  CHECK(silent.str().empty());
+}
+
+/// Gives bytes without end, and counts them.
+class Endless : public std::streambuf {
+ public:
+  std::uint64_t given = 0;
+
+ private:
+  std::streamsize xsgetn(char* to, std::streamsize count) override {
+    std::fill_n(to, count, 'x');
+    given += static_cast<std::uint64_t>(count);
+    if (given > kMemory) throw std::bad_alloc();
+    return count;
+  }
+
+  static constexpr std::uint64_t kMemory = std::uint64_t{1} << 22;
+};
+
+TEST_CASE("what is too long, or longer than the memory, is refused in one line") {
+  const File file("stringhost_test_long.bin", "x");
+  std::error_code failure;
+  std::filesystem::resize_file("stringhost_test_long.bin", std::uintmax_t{1} << 31, failure);
+  if (!failure) {  // sparse, so that it takes no room
+    const Run result = ran({"call", "isNull", "@stringhost_test_long.bin"});
+    CHECK(result.err ==
+          "stringhost: stringhost_test_long.bin: more than 2147483647 bytes, which is all a string can hold\n");
+    CHECK(result.out == "");
+    CHECK(result.status == kUsage);
+  }
+  Endless bytes;
+  std::istream in(&bytes);
+  in.exceptions(std::ios::badbit);
+  std::ostringstream out;
+  std::ostringstream err;
+  CHECK(run({"--plugin", CLUMSY_PLUGIN_FILE, "call", "isNull", "-"}, in, out, err, false) == kUsage);
+  CHECK(err.str() == "stringhost: not enough memory\n");
+}
+
+/// Sets a variable of the environment; empty takes it away.
+void setVariable(const char* name, const char* value) {
+#ifdef _WIN32
+  _putenv_s(name, value);
+#else
+  *value == '\0' ? unsetenv(name) : setenv(name, value, 1);
+#endif
+}
+
+TEST_CASE("colour is for terminals, unless it is refused") {
+  const auto isColoured = [](bool terminal) {
+    return ran({"help", "EncodingToHexZQV"}, terminal).out.find('\x1B') != std::string::npos;
+  };
+  setVariable("TERM", "xterm");
+  setVariable("NO_COLOR", "");
+  CHECK(isColoured(true));
+  CHECK_FALSE(isColoured(false));
+  setVariable("NO_COLOR", "1");
+  CHECK_FALSE(isColoured(true));
+  setVariable("NO_COLOR", "");
+  setVariable("TERM", "dumb");
+  CHECK_FALSE(isColoured(true));
 }
 
 TEST_CASE("list shows what was registered") {
@@ -249,8 +398,12 @@ TEST_CASE("list shows what was registered") {
 
 TEST_CASE("help and version") {
   CHECK(ran({"--version"}).out == "stringhost " STRINGHOST_VERSION "\n");
-  for (const Words& words :
-       {Words{"--help"}, {"list", "--help"}, {"call", "-h"}, {"call", "half", "--help"}, {"tour", "--help"}}) {
+  for (const Words& words : {Words{"--help"},
+                             {"list", "--help"},
+                             {"explain", "--help"},
+                             {"call", "-h"},
+                             {"call", "half", "--help"},
+                             {"tour", "--help"}}) {
     const Run result = ran(words);
     CHECK(result.out.find("Usage: stringhost") != std::string::npos);
     CHECK(result.err == "");
