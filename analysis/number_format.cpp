@@ -61,7 +61,7 @@ std::size_t limitedLength(const char* text, const char* point, std::size_t lengt
 /// A text that doesn't fit: written in full as far as digits go, then cut.
 [[gnu::noinline]] std::size_t writeCutScientific(double value, int decimals, Text& text) noexcept {
   char all[kExactDecimals + 16];  // sign, digit, point, decimals, exponent
-  std::to_chars(all, all + sizeof all, value, std::chars_format::scientific, std::min(decimals, kExactDecimals));
+  std::to_chars(all, all + sizeof all, value, std::chars_format::scientific, decimals);
   std::memcpy(text.data(), all, kMaxLength);
   return kMaxLength;
 }
@@ -87,7 +87,7 @@ std::size_t number_format::general::writeFixed(double value, Text& text) noexcep
 
 std::size_t number_format::writeScientific(double value, std::int32_t decimals, Text& text) noexcept {
   const double shown = withoutNanSign(value);
-  const int precision = std::max(decimals, 0);
+  const int precision = std::clamp(decimals, 0, kExactDecimals);  // beyond it are zeros that are cut off anyway
   char* const begin = text.data();
   const auto [end, error] = std::to_chars(begin, begin + text.size(), shown, std::chars_format::scientific, precision);
   return error == std::errc{} ? static_cast<std::size_t>(end - begin) : writeCutScientific(shown, precision, text);

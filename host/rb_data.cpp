@@ -14,8 +14,7 @@ StringContents contentsFromServices(REALstringStruct* string) noexcept {
 }
 
 StringContents contentsFromStructure(const REALstringStruct* string) noexcept {
-  if (string->storage == nullptr) return {};
-  return {string->storage + 1, string->length};
+  return {string->storage != nullptr ? string->storage + 1 : nullptr, string->length};
 }
 
 StringContents contentsOf(REALstringStruct* string) noexcept {

@@ -27,7 +27,8 @@ inline std::uint8_t* writeDecimalReference(char32_t codePoint, std::uint8_t* out
     const std::uint64_t twos = hundreds | (fours - 100 * hundreds) << 16;
     const std::uint64_t tens = (twos * 103 >> 10) & 0x000F'000F'000F'000F;
     const std::uint64_t digits = tens | (twos - 10 * tens) << 8;
-    const int leadingZeros = std::countr_zero(digits) & ~7;
+    constexpr std::uint64_t kLastDigit = std::uint64_t{1} << 56;  // written even when it is 0
+    const int leadingZeros = std::countr_zero(digits | kLastDigit) & ~7;
     const std::uint64_t text = (digits | 0x3030'3030'3030'3030) >> leadingZeros;
     std::memcpy(out, &text, sizeof text);
     out += 8 - leadingZeros / 8;

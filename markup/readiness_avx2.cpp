@@ -18,7 +18,8 @@ AVX2_FUNCTION bool readiness::avx2::isReady(ByteView bytes) noexcept {
   const __m256i markupOrNul = _mm256_broadcastsi128_si256(markup::loaded(markup::kMarkupOrNul));
   const std::uint8_t* at = bytes.data();
   std::size_t left = bytes.size();
-  for (; left >= 4 * wide::kVector; at += 4 * wide::kVector, left -= 4 * wide::kVector) {
+  constexpr std::size_t kFour = std::size_t{4} * wide::kVector;
+  for (; left >= kFour; at += kFour, left -= kFour) {
     const __m256i found = _mm256_or_si256(
         _mm256_or_si256(notReady(wide::load(at), markupOrNul), notReady(wide::load(at + 32), markupOrNul)),
         _mm256_or_si256(notReady(wide::load(at + 64), markupOrNul), notReady(wide::load(at + 96), markupOrNul)));

@@ -70,7 +70,7 @@ struct Sorted {
 }  // namespace
 
 AVX2_FUNCTION std::size_t tags::avx2::remove(ByteView text, ByteSpan kept) noexcept {
-  constexpr std::size_t kWindow = 2 * wide::kVector;
+  constexpr std::size_t kWindow = std::size_t{2} * wide::kVector;
   const std::uint8_t* at = text.data();
   std::size_t left = text.size();
   std::uint8_t* out = kept.data();

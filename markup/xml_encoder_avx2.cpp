@@ -20,19 +20,19 @@ constexpr unsigned kBlock = 16;
 }
 
 /// Writes 8 code points, those from number `first` on in front; the caller counts on as many as are left.
-AVX2_FUNCTION inline void writeFrom(unsigned first, __m256i codePoints, std::uint8_t* out) noexcept {
+AVX2_FUNCTION inline void writeFrom(std::size_t first, __m256i codePoints, std::uint8_t* out) noexcept {
   static constexpr std::int32_t kOrder[16] = {0, 1, 2, 3, 4, 5, 6, 7};
   const __m256i order = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(kOrder + first));
   _mm256_storeu_si256(reinterpret_cast<__m256i*>(out), _mm256_permutevar8x32_epi32(codePoints, order));
 }
 
 /// Writes the first `count` of 8 code points of which some may be special.
-AVX2_FUNCTION inline std::uint8_t* writeMixed(const char32_t* eight, unsigned count, unsigned special,
+AVX2_FUNCTION inline std::uint8_t* writeMixed(const char32_t* eight, std::size_t count, unsigned special,
                                               const xml::References& references, std::uint8_t* out) noexcept {
   const __m256i codePoints = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(eight));
-  unsigned run = 0;  // the first code point that isn't written yet
+  std::size_t run = 0;  // the first code point that isn't written yet
   for (; special != 0; special = _blsr_u32(special)) {
-    const unsigned next = _tzcnt_u32(special);
+    const std::size_t next = _tzcnt_u32(special);
     writeFrom(run, codePoints, out);
     out = xml::writeReference(eight[next], references, out + 4 * (next - run));
     run = next + 1;
@@ -42,11 +42,11 @@ AVX2_FUNCTION inline std::uint8_t* writeMixed(const char32_t* eight, unsigned co
 }
 
 /// Writes the first `count` code points of a whole block.
-AVX2_FUNCTION inline std::uint8_t* writeBlock(const char32_t* block, unsigned count, __m128i exceptions,
+AVX2_FUNCTION inline std::uint8_t* writeBlock(const char32_t* block, std::size_t count, __m128i exceptions,
                                               const xml::References& references, std::uint8_t* out) noexcept {
-  const unsigned special = _bzhi_u32(notOrdinary(block, exceptions), count);
+  const unsigned special = _bzhi_u32(notOrdinary(block, exceptions), static_cast<unsigned>(count));
   if (special != 0) {
-    const unsigned half = count < 8 ? count : 8;
+    const std::size_t half = count < 8 ? count : 8;
     out = writeMixed(block, half, special & 0xFF, references, out);
     return writeMixed(block + 8, count - half, special >> 8, references, out);
   }
@@ -72,7 +72,7 @@ AVX2_FUNCTION bool xml::avx2::encode(Utf32View text, Apostrophe apostrophe, Outp
   if (left != 0) {
     if (!codePoints.makeRoom(out, kBlockRoom)) return false;
     const wide::CodePointTail tail(at, left);
-    out = writeBlock(tail.block, static_cast<unsigned>(left), exceptions, references, out);
+    out = writeBlock(tail.block, left, exceptions, references, out);
   }
   return codePoints.finish(out);
 }

@@ -100,7 +100,10 @@ class Host {
   [[nodiscard]] const Setting& setting(Service service) const noexcept {
     return settings_[static_cast<std::size_t>(service)];
   }
-  [[nodiscard]] bool hasReadableStructures() const noexcept { return options_.version < 2016.0; }
+  /// A host that doesn't tell its version is taken for the oldest there is, and is laid out as such.
+  [[nodiscard]] bool hasReadableStructures() const noexcept {
+    return options_.version < 2016.0 || !offers(Service::kGetRBVersion);
+  }
   void enter(Counted* thing);
 
   Options options_;

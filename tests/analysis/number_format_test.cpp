@@ -149,6 +149,11 @@ TEST_CASE("scientific form: examples") {
   CHECK(scientific(Limits::max(), 3) == "1.798e+308");
   CHECK(scientific(Limits::denorm_min(), 3) == "4.941e-324");
   CHECK(scientific(2.5, 0) == "2e+00");  // ties go to the even digit
+  // The library's own arithmetic on the precision overflows just below the largest number.
+  for (const std::int32_t digits : {600, 2'147'483'641, 2'147'483'642, 2'147'483'647}) {
+    CHECK(scientific(0.0, digits) == "0." + std::string(496, '0'));
+    CHECK(scientific(-0.0, digits) == "-0." + std::string(495, '0'));
+  }
   for (const std::int32_t digits : {-1, 0, 3, 1000, std::numeric_limits<std::int32_t>::max()}) {
     CHECK(scientific(Limits::infinity(), digits) == "inf");
     CHECK(scientific(-Limits::infinity(), digits) == "-inf");

@@ -74,7 +74,7 @@ void agreesWithTwin(Kernel kernel) {
 /// A reference at every place of texts that end with the widest step, shortly behind it, and long behind it.
 void atEveryPlace(Kernel kernel) {
   for (const std::u32string_view reference : {U"&thetasym;"sv, U"&lt;"sv, U"&thetasymx;"sv, U"&#65&lt;"sv, U"&&&"sv}) {
-    for (const std::size_t size : {64, 67, 160}) {
+    for (const std::size_t size : {64U, 67U, 160U}) {
       for (std::size_t place = 0; place + reference.size() <= size; ++place) {
         std::u32string text(size - reference.size(), U'x');
         text.insert(place, reference);
