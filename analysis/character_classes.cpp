@@ -1,3 +1,4 @@
+/// The plain form of byte ranges, and the choice between the forms.
 #include "analysis/character_classes.h"
 
 #include "wide/byte_word.h"

@@ -1,3 +1,4 @@
+/// The methods for byte ranges.
 #include "analysis/character_classes.h"
 #include "analysis/methods.h"
 #include "host/build_string.h"

@@ -1,3 +1,4 @@
+/// The plain form of hex dumps, and the choice between the forms.
 #include "analysis/hex_dump.h"
 
 #include <algorithm>
@@ -13,7 +14,7 @@ namespace {
 using hex_dump::Layout;
 
 /// From this many bytes on the wide registers win.
-constexpr std::size_t kWideFrom = 128;
+constexpr std::size_t kWideFrom = 256;
 
 /// From this many digits on groups are left to the hex codec.
 constexpr std::int64_t kLargeGroup = 64;
@@ -99,6 +100,26 @@ void writeBytes(ByteView bytes, const Layout& layout, Cursor& at) noexcept {
   });
 }
 
+/// The dump that is asked for most: groups of a byte, one character between them.
+void writeSpacedBytes(ByteView bytes, const Layout& layout, Cursor& at) noexcept {
+  const std::uint8_t spacer = layout.spacer[0];
+  const std::uint8_t* in = bytes.data();
+  const std::uint8_t* const end = in + bytes.size();
+  std::uint8_t* out = at.out;
+  while (in != end) {
+    const std::int64_t groups = std::min<std::int64_t>(layout.lineGroups, end - in);
+    out = append(layout.lineStart, out);
+    for (const std::uint8_t* const last = in + groups - 1; in != last; out += 3) {
+      std::memcpy(out, kHexPairs[*in++].data(), 2);
+      out[2] = spacer;
+    }
+    std::memcpy(out, kHexPairs[*in++].data(), 2);
+    at.groups = groups < layout.lineGroups ? layout.lineGroups - groups : layout.lineGroups;
+    out = append(groups < layout.lineGroups ? layout.spacer : layout.lineEnd, out + 2);
+  }
+  at.out = out;
+}
+
 void writeGroups(ByteView bytes, const Layout& layout, Cursor& at) noexcept {
   const std::int64_t size = layout.groupDigits / 2;
   const std::int64_t groups = std::ssize(bytes) / size;
@@ -160,6 +181,8 @@ void hex_dump::scalar::write(ByteView bytes, const Layout& layout, ByteSpan text
   Cursor at{text.data(), layout.groupDigits, layout.lineGroups};
   if (layout.groupDigits % 2 != 0) {
     writeNibbles(bytes, layout, at);
+  } else if (layout.groupDigits == 2 && layout.spacer.size() == 1) {
+    writeSpacedBytes(bytes, layout, at);
   } else if (layout.groupDigits < kLargeGroup) {
     writeBytes(bytes, layout, at);
   } else {

@@ -1,3 +1,4 @@
+/// The method for hex dumps.
 #include <new>
 #include <stdexcept>
 

@@ -1,3 +1,4 @@
+/// Numbers through the standard library, and the choice between the ways.
 #include "analysis/number_format.h"
 
 #include <algorithm>

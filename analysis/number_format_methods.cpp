@@ -1,3 +1,4 @@
+/// The methods for numbers.
 #include "analysis/methods.h"
 #include "analysis/number_format.h"
 #include "host/build_string.h"

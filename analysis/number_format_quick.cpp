@@ -1,3 +1,4 @@
+/// Numbers of the usual sizes, in integer arithmetic.
 #include <bit>
 #include <cstring>
 

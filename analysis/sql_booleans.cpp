@@ -1,3 +1,4 @@
+/// The plain form of the rewriting, and the choice between the forms.
 #include "analysis/sql_booleans.h"
 
 #include <cstring>

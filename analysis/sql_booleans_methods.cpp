@@ -1,3 +1,4 @@
+/// The method for SQL booleans.
 #include <cstring>
 #include <new>
 

@@ -1,3 +1,4 @@
+/// The byte-order marks, and the test for each.
 #include "analysis/unicode_markers.h"
 
 #include <cstring>

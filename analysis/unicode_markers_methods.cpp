@@ -1,3 +1,4 @@
+/// The methods for byte-order marks.
 #include "analysis/methods.h"
 #include "analysis/unicode_markers.h"
 #include "host/build_string.h"
