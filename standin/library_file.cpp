@@ -3,8 +3,9 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
-#include <fstream>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <system_error>
@@ -30,8 +31,8 @@ class Image {
     if (fs::is_directory(file, failure)) throw std::runtime_error("is a directory");
     size_ = fs::file_size(file, failure);
     errno = 0;
-    if (!failure) stream_.open(file, std::ios::binary);
-    if (!stream_.is_open()) {
+    if (!failure) stream_.reset(open(file));  // what has no size, such as a pipe, might never open
+    if (stream_ == nullptr) {
       throw std::runtime_error("cannot be read" + (errno != 0 ? ": " + std::generic_category().message(errno) : ""));
     }
   }
@@ -42,8 +43,9 @@ class Image {
   [[nodiscard]] Record at(std::uint64_t offset) {
     need(offset, sizeof(Record));
     Record record;
-    stream_.seekg(static_cast<std::streamoff>(offset));
-    if (!stream_.read(reinterpret_cast<char*>(&record), sizeof record)) throw std::runtime_error("cannot be read");
+    const bool isThere = std::fseek(stream_.get(), static_cast<long>(offset), SEEK_SET) == 0 &&
+                         std::fread(&record, sizeof record, 1, stream_.get()) == 1;
+    if (!isThere) throw std::runtime_error("cannot be read");
     return record;
   }
 
@@ -54,7 +56,19 @@ class Image {
   }
 
  private:
-  std::ifstream stream_;
+  static std::FILE* open(const fs::path& file) noexcept {
+#if defined(_WIN32)
+    return _wfopen(file.c_str(), L"rb");
+#else
+    return std::fopen(file.c_str(), "rb");
+#endif
+  }
+
+  struct Close {
+    void operator()(std::FILE* stream) const noexcept { std::fclose(stream); }
+  };
+
+  std::unique_ptr<std::FILE, Close> stream_;
   std::uint64_t size_ = 0;
 };
 
