@@ -1,39 +1,21 @@
 #include "stringhost/plugin_file.h"
 
+#include <string>
 #include <system_error>
 
+#include "stringhost/executable.h"
 #include "stringhost/usage_error.h"
-
-#ifdef _WIN32
-#include <windows.h>
-#endif
 
 namespace stringhost {
 namespace {
 
 namespace fs = std::filesystem;
 
-/// The folder of the running program's file; empty where the system doesn't tell.
-fs::path executableFolder() {
-#ifdef _WIN32
-  wchar_t path[32768];
-  const DWORD length = GetModuleFileNameW(nullptr, path, 32768);
-  return fs::path(path, path + length).parent_path();
-#else
-  std::error_code failure;
-  return fs::read_symlink("/proc/self/exe", failure).parent_path();
-#endif
-}
-
 /// The plugin built, unpacked or installed beside this program.
 fs::path neighbour() {
-#ifdef _WIN32
-  const fs::path name = "StringPlugin.dll";
-#else
-  const fs::path name = "StringPlugin.so";
-#endif
+  const fs::path name = PLUGIN_FILE_NAME;
   const fs::path folder = executableFolder();
-  for (const fs::path& candidate : {folder / name, folder.parent_path() / name, folder.parent_path() / "lib" / name}) {
+  for (const fs::path& candidate : {folder / name, folder.parent_path() / name, folder / PLUGIN_FOLDER / name}) {
     std::error_code failure;
     if (fs::is_regular_file(candidate, failure)) return candidate;
   }
