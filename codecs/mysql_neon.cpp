@@ -39,7 +39,7 @@ NEON_FUNCTION std::size_t mysql::neon::decode(ByteView text, ByteSpan bytes) noe
   while (static_cast<std::size_t>(end - in) >= kBlock) {
     const Block block = wide::loadBlock(in);
     const std::uint32_t marks = wide::placesOf('\\', block);
-    if (marks == 0) {
+    if (marks == 0) [[likely]] {
       wide::store(out, block);
       in += kBlock;
       out += kBlock;

@@ -48,8 +48,8 @@ NEON_FUNCTION quoted_printable::Progress quoted_printable::neon::escape(ByteView
   const std::uint8_t* const end = in + std::min(bytes.size(), limit);
   while (static_cast<std::size_t>(end - in) >= kVector) {
     const uint8x16_t vector = wide::load(in);
-    const std::uint32_t special = bits(notLiteral(vector));
-    if (special == 0) {
+    const uint8x16_t special = notLiteral(vector);
+    if (!wide::any(special)) [[likely]] {
       wide::store(out, vector);
       in += kVector;
       out += kVector;
@@ -57,7 +57,7 @@ NEON_FUNCTION quoted_printable::Progress quoted_printable::neon::escape(ByteView
     }
     const std::uint32_t breaks = bits(vorrq_u8(equal(vector, '\r'), equal(vector, '\n')));
     const auto count = static_cast<unsigned>(std::countr_zero(breaks | 1U << kVector));
-    const std::uint32_t escaped = special & ((1U << count) - 1);
+    const std::uint32_t escaped = bits(special) & ((1U << count) - 1);
     // What is written for the bytes behind the break, one character each, gets overwritten.
     out = ::neon::storeEscaped(out, vector, vector, escaped) - (kVector - count);
     in += count;

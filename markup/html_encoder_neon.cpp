@@ -29,22 +29,30 @@ using wide::kCodePoints;
   return markup::writeDecimalReference(codePoint, out);
 }
 
-/// Writes the first `count` code points of a whole block.
-[[nodiscard]] NEON_FUNCTION inline std::uint8_t* writeBlock(const char32_t* block, std::size_t count,
-                                                            uint8x16_t exceptions, std::uint8_t* out) noexcept {
-  const uint8x16_t bytes = wide::nearestBytes(block);  // right for those that are written as they are
-  const uint8x16_t mask = notOrdinary(bytes, exceptions);
+/// Writes the first `count` code points of a block in which some may be special.
+/// @param bytes    all of the block, right for those that are written as they are
+/// @param special  one bit for each that isn't
+[[nodiscard]] NEON_FUNCTION std::uint8_t* writeMixed(const char32_t* block, std::size_t count, uint8x16_t bytes,
+                                                     std::uint32_t special, std::uint8_t* out) noexcept {
   std::size_t run = 0;  // the first byte that isn't written yet
-  if (wide::any(mask)) {
-    for (std::uint32_t special = wide::bits(mask) & ((1U << count) - 1); special != 0; special &= special - 1) {
-      const auto next = static_cast<std::size_t>(std::countr_zero(special));
-      wide::store(out, wide::movedToFront(bytes, run));
-      out = writeSpecial(block[next], out + (next - run));
-      run = next + 1;
-    }
+  for (special &= (1U << count) - 1; special != 0; special &= special - 1) {
+    const auto next = static_cast<std::size_t>(std::countr_zero(special));
+    wide::store(out, wide::movedToFront(bytes, run));
+    out = writeSpecial(block[next], out + (next - run));
+    run = next + 1;
   }
   wide::store(out, wide::movedToFront(bytes, run));
   return out + (count - run);
+}
+
+/// Writes the first `count` code points of a whole block.
+[[nodiscard]] NEON_FUNCTION inline std::uint8_t* writeBlock(const char32_t* block, std::size_t count,
+                                                            uint8x16_t exceptions, std::uint8_t* out) noexcept {
+  const uint8x16_t bytes = wide::nearestBytes(block);
+  const uint8x16_t mask = notOrdinary(bytes, exceptions);
+  if (wide::any(mask)) return writeMixed(block, count, bytes, wide::bits(mask), out);
+  wide::store(out, bytes);
+  return out + count;
 }
 
 constexpr int kBlockRoom = kCodePoints * html::kReferenceRoom + kCodePoints;

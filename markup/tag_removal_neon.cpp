@@ -38,7 +38,7 @@ constexpr std::size_t kWindow = 2 * kBlock;
                                                                   std::uint8_t* out) noexcept {
   const Block low = wide::loadBlock(at);
   const Block high = wide::loadBlock(at + kBlock);
-  if (isPlain(low, high)) {
+  if (isPlain(low, high)) [[likely]] {
     wide::store(out, low);
     wide::store(out + kBlock, high);
     return out + (depth == 0 ? kWindow : 0);

@@ -26,19 +26,25 @@ NEON_FUNCTION inline std::uint8_t* copyRun(const char32_t* from, std::size_t cou
 }
 
 /// Writes the first `count` code points of a whole block. Three behind the block are read as well.
+/// @param special  one bit for each that isn't copied
+[[nodiscard]] NEON_FUNCTION std::uint8_t* writeMixed(const char32_t* block, std::size_t count, std::uint32_t special,
+                                                     const xml::References& references, std::uint8_t* out) noexcept {
+  std::size_t run = 0;  // the first code point that isn't written yet
+  for (special &= (1U << count) - 1; special != 0; special &= special - 1) {
+    const auto next = static_cast<std::size_t>(std::countr_zero(special));
+    out = xml::writeReference(block[next], references, copyRun(block + run, next - run, out));
+    run = next + 1;
+  }
+  return copyRun(block + run, count - run, out);
+}
+
 [[nodiscard]] NEON_FUNCTION inline std::uint8_t* writeBlock(const char32_t* block, std::size_t count,
                                                             uint8x16_t exceptions, const xml::References& references,
                                                             std::uint8_t* out) noexcept {
   const uint8x16_t mask = notOrdinary(block, exceptions);
-  std::size_t run = 0;  // the first code point that isn't written yet
-  if (wide::any(mask)) {
-    for (std::uint32_t special = wide::bits(mask) & ((1U << count) - 1); special != 0; special &= special - 1) {
-      const auto next = static_cast<std::size_t>(std::countr_zero(special));
-      out = xml::writeReference(block[next], references, copyRun(block + run, next - run, out));
-      run = next + 1;
-    }
-  }
-  return copyRun(block + run, count - run, out);
+  if (wide::any(mask)) return writeMixed(block, count, wide::bits(mask), references, out);
+  for (std::size_t i = 0; i < kCodePoints; i += 4) wide::copyFour(block + i, out + 4 * i);
+  return out + 4 * count;
 }
 
 constexpr std::size_t kReadBehind = 3;

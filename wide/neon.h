@@ -45,8 +45,10 @@ NEON_FUNCTION inline void store(std::uint8_t* bytes, Block block) noexcept {
 #ifdef __aarch64__
   return vqtbl1q_u8(table, indices);
 #else
-  const uint8x8x2_t halves{{vget_low_u8(table), vget_high_u8(table)}};
-  return vcombine_u8(vtbl2_u8(halves, vget_low_u8(indices)), vtbl2_u8(halves, vget_high_u8(indices)));
+  // Both halves of a register make a table as they are, but the compiler would copy them first.
+  uint8x16_t entries;
+  __asm__("vtbl.8 %e0, {%e1, %f1}, %e2\n\tvtbl.8 %f0, {%e1, %f1}, %f2" : "=&w"(entries) : "w"(table), "w"(indices));
+  return entries;
 #endif
 }
 
