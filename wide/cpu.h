@@ -16,10 +16,10 @@
 #if defined(__aarch64__) || defined(__ARM_NEON)
 /// Set where the build can hold NEON kernels. Whether they may run is `cpu::hasNeon`.
 #define WIDE_NEON 1
-#define NEON_FUNCTION
-#elif defined(__arm__) && defined(__ARM_FP) && !defined(__clang__)
-#define WIDE_NEON 1
 /// Compiles one function for NEON where the build's baseline has none, as with Debian's for 32 bits.
+#define NEON_FUNCTION
+#elif defined(__arm__) && __ARM_ARCH >= 7 && defined(__ARM_FP) && !defined(__clang__)
+#define WIDE_NEON 1
 #define NEON_FUNCTION __attribute__((target("fpu=neon")))
 /// Set where NEON has to be asked for.
 #define WIDE_NEON_IS_OPTIONAL 1
