@@ -2,18 +2,25 @@
 
 plugin_folders=(plugin host memory markup codecs bytes analysis wide)
 
-# check WHAT…: everything without WHAT.
+# The parts, a function check_PART each. Those that take long are added to the second list by the files they are in.
+usual_checks=(format warnings sanitizers tidy)
+slow_checks=()
+
+# check WHAT…: the usual parts without WHAT, every part for `all`.
 check() {
-  if [ $# -eq 0 ]; then set -- format warnings sanitizers tidy; fi
-  if [ "$*" = all ]; then set -- format warnings sanitizers tidy; fi
-  local what
+  if [ $# -eq 0 ]; then set -- "${usual_checks[@]}"; fi
+  if [ "$*" = all ]; then set -- "${usual_checks[@]}" "${slow_checks[@]}"; fi
+  local what start number=0 all=$SECONDS
   for what; do
-    case $what in
-      format | warnings | sanitizers | tidy) ;;
-      *) fail "no such check: $what" 2 ;;
-    esac
+    [[ " ${usual_checks[*]} ${slow_checks[*]} " == *" $what "* ]] || fail "no such check: $what" 2
   done
-  for what; do "check_$what"; done
+  for what; do
+    number=$((number + 1)) start=$SECONDS
+    say "check $number/$#: $what"
+    "check_$what"
+    say "check $number/$#: $what took $((SECONDS - start)) s"
+  done
+  say "checked ${*} in $((SECONDS - all)) s"
 }
 
 sources() { git ls-files '*.h' '*.cpp'; }
