@@ -24,7 +24,7 @@ packages() {
     windows-x86) echo g++-mingw-w64-i686-posix wine wine64 ;;
     asan | tsan | integers) echo clang llvm libclang-rt-dev ;;
     memcheck) echo valgrind libc6-dbg ;;
-    coverage) echo gcovr ;;
+    coverage) echo gcovr qemu-user ;;
   esac
 }
 

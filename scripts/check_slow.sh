@@ -1,16 +1,8 @@
 # The checks that take long: they run in `check all`, or by name.
 
-slow_checks+=(headers memcheck threads integers cppcheck coverage mutants)
+slow_checks+=(memcheck threads integers coverage mutants)
 
-# Every header of the code compiles alone.
-check_headers() {
-  # shellcheck disable=SC2046  # a list of words is what is wanted
-  install $(packages "$native")
-  configure "$native"
-  step 'headers' cmake "-DROOT=$root" -DCOMPILER=c++ "-DLIBRARIES=$root/build/$native/include" -P scripts/headers.cmake
-}
-
-# The tests with the label of that name, in valgrind: memory that is read before it is written, overruns, leaks.
+# The tests of kernels and methods in valgrind: memory that is read before it is written, overruns, leaks.
 check_memcheck() { labelled_tests memcheck; }
 
 # Threads that call all methods at once, watched by ThreadSanitizer.
@@ -26,30 +18,16 @@ labelled_tests() {
   grep -E 'tests passed|Total Test time' "$logs/test_$1.log" >&2
 }
 
-# cppcheck 2.10 takes a lambda without parentheses for an array, so it gets a copy in which they have some.
-check_cppcheck() {
-  install cppcheck
-  local copy=build/cppcheck
-  rm -rf "$copy"
-  mkdir -p "$copy"
-  cp -r "${plugin_folders[@]}" "$copy"
-  find "$copy" -type f -exec sed -i 's/= \[\] {/= []() {/' {} +
-  cp scripts/cppcheck.suppressions "$copy"
-  step 'cppcheck' cppcheck_in "$copy"
-}
-
-cppcheck_in() (
-  cd "$1"
-  cppcheck --std=c++20 --language=c++ --enable=warning,performance,portability,style -I. -D__x86_64__ --quiet \
-    --suppressions-list=cppcheck.suppressions --error-exitcode=1 "${plugin_folders[@]}"
-)
-
 # Which lines and branches of the plugin the tests run. What counts is in gcovr.cfg.
 check_coverage() {
   prepare coverage
   find build/coverage -name '*.gcda' -delete
   step 'test coverage' ctest --preset coverage -j "$(nproc)"
-  local kernels_of_no_use=()
+  # What runs where the CPU has less to offer: nothing wide, and no AVX-512.
+  local cpu kernels_of_no_use=()
+  for cpu in Nehalem Haswell; do
+    step "test coverage on a $cpu" qemu-x86_64 -cpu "$cpu" build/coverage/tests/methods/methods_tests
+  done
   grep -q avx512_vbmi2 /proc/cpuinfo || kernels_of_no_use=(--exclude '.*_avx512\.cpp')
   step 'coverage' gcovr --config gcovr.cfg --txt build/coverage/coverage.txt --html-details build/coverage/coverage.html \
     "${kernels_of_no_use[@]}" build/coverage
