@@ -21,7 +21,8 @@ $ stringhost call NativeStringZQV 'two words'
 two words
 $ stringhost call NativeStringZQV ''
 $ stringhost call NativeStringZQV
-stringhost: 0 arguments don't fit NativeStringZQV(s as string) as string
+stringhost: NativeStringZQV takes 1 argument, not 0
+stringhost help NativeStringZQV says which
 [status 2]
 ```
 )";
