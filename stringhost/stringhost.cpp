@@ -27,11 +27,7 @@ namespace fs = std::filesystem;
 
 /// The plugin built, unpacked or installed beside this program.
 fs::path neighbour() {
-#ifdef _WIN32
-  const fs::path name = "StringPlugin.dll";
-#else
-  const fs::path name = "StringPlugin.so";
-#endif
+  const fs::path name = PLUGIN_FILE_NAME;
   const fs::path folder = executableFolder();
   for (const fs::path& candidate : {folder / name, folder.parent_path() / name, folder.parent_path() / "lib" / name}) {
     std::error_code failure;
