@@ -21,9 +21,10 @@ step() {
   if [ -t 2 ]; then
     follow "$name" "$log" &
     follower=$!
+    disown "$follower"  # nobody wants to hear that it was ended
   fi
   "$@" >"$log" 2>&1 </dev/null || status=$?
-  if [ -n "$follower" ]; then kill "$follower" && wait "$follower" || true; fi 2>/dev/null
+  if [ -n "$follower" ]; then kill "$follower"; fi
   if [ $status -eq 0 ]; then
     printf 'ok (%d s)\n' $((SECONDS - start)) >&2
     return
