@@ -24,7 +24,7 @@ toolchain() {
     linux-armhf) echo g++-arm-linux-gnueabihf ;;
     windows-x64) echo g++-mingw-w64-x86-64-posix ;;
     windows-x86) echo g++-mingw-w64-i686-posix ;;
-    asan) echo clang llvm libclang-rt-dev ;;
+    asan | tsan | integers) echo clang llvm libclang-rt-dev ;;
   esac
 }
 
@@ -36,6 +36,8 @@ packages() {
     linux-x86) echo libc6-i386 ;;
     linux-arm64 | linux-armhf) echo qemu-user ;;
     windows-*) echo wine wine64 ;;
+    memcheck) echo valgrind libc6-dbg ;;
+    coverage) echo gcovr qemu-user ;;
   esac
 }
 

@@ -1,5 +1,7 @@
 # Whether packages are reproducible: the sources, copied elsewhere and built from nothing there, give the same bytes.
 
+slow_checks+=(package)
+
 # check_package [PRESET…]: of every platform without PRESET.
 check_package() {
   local elsewhere=$root/build/elsewhere/a-longer-path/sources name different=()
