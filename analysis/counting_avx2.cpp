@@ -193,8 +193,10 @@ AVX2_FUNCTION std::int64_t avx2::count(ByteView text, ByteView pattern) noexcept
   if (pattern.size() == 1) return countByte(text, pattern[0]);
   if (text.size() < pattern.size() + kBlock - 1) return scalar::count(text, pattern);
   const std::size_t rarest = rarestByte(pattern);
-  RareByte rare(text.data() + rarest, text.size() - pattern.size() + 1, pattern[rarest]);
+  const std::size_t places = text.size() - pattern.size() + 1;
+  RareByte rare(text.data() + rarest, places, pattern[rarest]);
   const std::size_t first = rare.next(0);
+  if (first == places) return 0;
   return pattern.size() <= kShortPattern ? countShort(text, pattern, rare, first)
                                          : countLong(text, pattern, rare, first);
 }
