@@ -22,7 +22,7 @@ struct BriefText {
   AVX2_FUNCTION explicit BriefText(ByteView text) noexcept {
     if (text.size() <= kVector) {
       front = back = wide::loadUpTo32(text.data(), text.size());
-      backStart = 0;
+      backStart = 0;  // nothing more
     } else {
       backStart = text.size() - kVector;
       front = wide::load(text.data());
@@ -33,8 +33,9 @@ struct BriefText {
   /// Where a byte stands, a bit for each position; perhaps beyond the end, too.
   AVX2_FUNCTION [[nodiscard]] inline std::uint64_t positionsOf(std::uint8_t byte) const noexcept {
     const __m256i wanted = wide::all(byte);
-    return wide::bits(_mm256_cmpeq_epi8(front, wanted)) | std::uint64_t{wide::bits(_mm256_cmpeq_epi8(back, wanted))}
-                                                              << backStart;
+    const std::uint64_t inFront = wide::bits(_mm256_cmpeq_epi8(front, wanted));
+    if (backStart == 0) return inFront;
+    return inFront | std::uint64_t{wide::bits(_mm256_cmpeq_epi8(back, wanted))} << backStart;
   }
 };
 
