@@ -31,5 +31,11 @@ inline constexpr std::size_t kBrief = 64;
 [[nodiscard]] std::int64_t countInBrief(ByteView text, ByteView pattern) noexcept;
 }  // namespace avx2
 #endif
+#ifdef WIDE_NEON
+namespace neon {
+/// The twin of `scalar::count` for CPUs with NEON.
+[[nodiscard]] std::int64_t count(ByteView text, ByteView pattern) noexcept;
+}  // namespace neon
+#endif
 
 }  // namespace counting

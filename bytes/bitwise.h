@@ -59,5 +59,12 @@ inline constexpr std::size_t kBriefMask = 16;
 void repeatBrief(ByteView mask, std::size_t start, std::uint8_t* to) noexcept;
 }  // namespace avx2
 #endif
+#ifdef WIDE_NEON
+namespace neon {
+/// The twin of `scalar::combine` for CPUs with NEON.
+void combine(Operation operation, ByteView data, RepeatingMask mask, std::size_t position,
+             std::uint8_t* result) noexcept;
+}  // namespace neon
+#endif
 
 }  // namespace bitwise

@@ -59,6 +59,9 @@ bool html::encode(Utf32View text, Markup markup, OutputBuffer& ascii) noexcept {
 #ifdef WIDE_AVX2
     if (cpu::hasAvx2()) return avx2::encode(part, markup, output);
 #endif
+#ifdef WIDE_NEON
+    if (cpu::hasNeon()) return neon::encode(part, markup, output);
+#endif
     return scalar::encode(part, markup, output);
   };
   const bool mayBeTooLong = encodedBound(std::ssize(text)) > kMaxSize;

@@ -52,6 +52,9 @@ bool xml::encode(Utf32View text, Apostrophe apostrophe, OutputBuffer& codePoints
 #ifdef WIDE_AVX2
     if (cpu::hasAvx2()) return avx2::encode(part, apostrophe, output);
 #endif
+#ifdef WIDE_NEON
+    if (cpu::hasNeon()) return neon::encode(part, apostrophe, output);
+#endif
     return scalar::encode(part, apostrophe, output);
   };
   const bool mayBeTooLong = encodedBound(std::ssize(text)) > kMaxSize;
