@@ -1,5 +1,7 @@
 # The completions, in the shells they are for.
 
+slow_checks+=(shells)
+
 check_shells() {
   install bash zsh fish
   # shellcheck disable=SC2046  # a list of words is what is wanted

@@ -3,13 +3,38 @@
 #include <string>
 #include <system_error>
 
-#include "stringhost/executable.h"
 #include "stringhost/usage_error.h"
+
+#if defined(_WIN32)
+#include <windows.h>
+#elif defined(__APPLE__)
+#include <cstdint>
+#include <mach-o/dyld.h>
+#endif
 
 namespace stringhost {
 namespace {
 
 namespace fs = std::filesystem;
+
+/// The folder of the running program's file; empty where the system doesn't tell.
+fs::path executableFolder() {
+#if defined(_WIN32)
+  wchar_t path[32768];
+  const DWORD length = GetModuleFileNameW(nullptr, path, 32768);
+  return fs::path(path, path + length).parent_path();
+#elif defined(__APPLE__)
+  std::uint32_t size = 0;
+  _NSGetExecutablePath(nullptr, &size);
+  std::string path(size, '\0');
+  std::error_code failure;
+  if (_NSGetExecutablePath(path.data(), &size) != 0) return {};
+  return fs::canonical(path.c_str(), failure).parent_path();
+#else
+  std::error_code failure;
+  return fs::read_symlink("/proc/self/exe", failure).parent_path();
+#endif
+}
 
 /// The plugin built, unpacked or installed beside this program.
 fs::path neighbour() {

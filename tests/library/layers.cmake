@@ -18,7 +18,7 @@ set(stringhost_sees standin stringhost)
 
 # What is open to those beside the layer too: the binary interface to the stand-in host, shared tables to the kernels.
 set(markup_sees_also codecs/hex_digits.h codecs/hex_digits_avx2.h)
-set(analysis_sees_also codecs/hex.h codecs/hex_digits.h codecs/hex_digits_avx2.h)
+set(analysis_sees_also codecs/hex.h codecs/hex_digits.h codecs/hex_digits_avx2.h codecs/hex_digits_neon.h)
 set(standin_sees_also host/records.h host/encodings.h)
 set(stringhost_sees_also host/records.h host/encodings.h)
 

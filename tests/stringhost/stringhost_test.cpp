@@ -313,7 +313,7 @@ TEST_CASE("help shows the reference") {
   CHECK(told.out.find('`') == std::string::npos);
   CHECK(told.out.find("```") == std::string::npos);
   CHECK(told.out.find("\n    $ stringhost call EncodingToHexZQV") != std::string::npos);
-  CHECK(ran({"help", "EncodingToURLZQV"}).out.find("\"_\"") != std::string::npos);
+  CHECK(told.out.find("\n- Reads: bytes.") != std::string::npos);
   const std::string json = ran({"help", "--json", "_yDecodeStringZQV"}).out;
   CHECK(json.starts_with(R"({"name":"_yDecodeStringZQV","declarations":["_yDecodeStringZQV(data as string)"));
   CHECK(ran({"help", "--json"}).out.find("," + json.substr(0, json.size() - 1)) != std::string::npos);
