@@ -6,6 +6,7 @@
 
 #include "analysis/code_point_map.h"
 #include "memory/work_buffer.h"
+#include "memory/wrapping.h"
 
 namespace jaro_winkler {
 namespace {
@@ -23,7 +24,7 @@ std::size_t matchRange(Utf32View a, Utf32View b) noexcept {
 }
 
 /// Matches texts that fit a word, their positions being bits of it.
-Matches matchWords(Utf32View a, Utf32View b) noexcept {
+WRAPPING_FUNCTION Matches matchWords(Utf32View a, Utf32View b) noexcept {
   CodePointMap<std::uint64_t> positions(a, b);
   for (std::size_t j = 0; j < b.size(); ++j) *positions.entry(b[j]) |= std::uint64_t{1} << j;
   const std::size_t range = matchRange(a, b);
@@ -49,8 +50,8 @@ Matches matchWords(Utf32View a, Utf32View b) noexcept {
 /// for good, and the first one in it is the head of a queue.
 /// @param matchedA  as long as `a`
 /// @param next      as long as `b`
-bool matchQueues(Utf32View a, Utf32View b, std::span<char32_t> matchedA, std::span<std::uint32_t> next,
-                 Matches& matches) noexcept {
+WRAPPING_FUNCTION bool matchQueues(Utf32View a, Utf32View b, std::span<char32_t> matchedA,
+                                   std::span<std::uint32_t> next, Matches& matches) noexcept {
   // Positions count from 1 here, for 0 stands for code points that `b` doesn't have.
   constexpr std::uint32_t kTaken = ~std::uint32_t{0};
   constexpr std::uint32_t kEnd = kTaken - 1;

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "analysis/number_format.h"
+#include "memory/wrapping.h"
 
 namespace {
 
@@ -95,7 +96,7 @@ struct Digits16 {
 };
 
 /// The number of digits in a word that are not 0.
-int countNonZero(std::uint64_t digits) noexcept {
+WRAPPING_FUNCTION int countNonZero(std::uint64_t digits) noexcept {
   const std::uint64_t marks = (digits + 0x7F7F'7F7F'7F7F'7F7F) >> 7 & 0x0101'0101'0101'0101;
   return static_cast<int>(marks * 0x0101'0101'0101'0101 >> 56);
 }

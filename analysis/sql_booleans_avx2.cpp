@@ -4,6 +4,7 @@
 #ifdef WIDE_AVX2
 
 #include "analysis/sql_booleans_words.h"
+#include "memory/wrapping.h"
 #include "wide/vectors.h"
 
 namespace {
@@ -47,7 +48,7 @@ unsigned fromMarkToMark(unsigned marks) noexcept {
 }
 
 /// `withinQuotes` for quotes of both kinds, mark by mark.
-unsigned withinMixedQuotes(unsigned single, unsigned twofold, std::uint8_t& open) noexcept {
+WRAPPING_FUNCTION unsigned withinMixedQuotes(unsigned single, unsigned twofold, std::uint8_t& open) noexcept {
   unsigned within = open != 0 ? ~0U : 0;
   unsigned ahead = ~0U;
   while (true) {

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "codecs/hex_escapes.h"
+#include "memory/wrapping.h"
 #include "wide/byte_word.h"
 
 namespace {
@@ -74,7 +75,7 @@ bool email_subject::encode(ByteView text, OutputBuffer& word) noexcept {
   return word.finish(out);
 }
 
-std::size_t email_subject::scalar::findNotPlain(ByteView text) noexcept {
+WRAPPING_FUNCTION std::size_t email_subject::scalar::findNotPlain(ByteView text) noexcept {
   constexpr std::size_t kWord = 8;
   const auto isPlain = [](std::uint8_t byte) { return byte >= 0x20 && byte <= 0x7F; };
   std::size_t i = 0;

@@ -4,6 +4,7 @@
 #ifdef WIDE_AVX2
 
 #include "codecs/hex_digits_avx2.h"
+#include "memory/wrapping.h"
 #include "wide/compaction.h"
 #include "wide/partial_vector.h"
 #include "wide/vectors.h"
@@ -18,7 +19,7 @@ constexpr unsigned kEscapeSize = 3;
 
 /// Of the "%" among 32 bytes, a bit each, those that begin an escape: from the left, one among the two characters of
 /// an escape doesn't.
-constexpr std::uint32_t escapeStarts(std::uint32_t marks) noexcept {
+WRAPPING_FUNCTION constexpr std::uint32_t escapeStarts(std::uint32_t marks) noexcept {
   if ((marks & (marks << 1 | marks << 2)) == 0) return marks;
   std::uint32_t starts = 0;
   while (marks != 0) {

@@ -5,6 +5,7 @@
 #include <bit>
 
 #include "markup/markup_characters_avx2.h"
+#include "memory/wrapping.h"
 #include "wide/compaction.h"
 #include "wide/partial_vector.h"
 #include "wide/vectors.h"
@@ -35,7 +36,8 @@ struct Sorted {
 }
 
 /// The places at depth 0, found one bracket after the other.
-[[nodiscard]] AVX2_FUNCTION std::uint64_t atDepthZero(const Brackets& brackets, std::int64_t& depth) noexcept {
+[[nodiscard]] WRAPPING_FUNCTION AVX2_FUNCTION std::uint64_t atDepthZero(const Brackets& brackets,
+                                                                        std::int64_t& depth) noexcept {
   std::uint64_t outside = depth == 0 ? ~std::uint64_t{0} : 0;
   for (std::uint64_t left = brackets.opening | brackets.closing; left != 0; left &= left - 1) {
     depth += (brackets.opening & left & (0 - left)) != 0 ? 1 : -1;
