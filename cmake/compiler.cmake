@@ -9,7 +9,10 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 # SANITIZE: what -fsanitize= gets; every target is built with it, and stops at the first finding.
 set(SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined")
 
-if(SANITIZE)
+# FUZZERS: only what is shipped is sanitized and reports what it covers; what judges it runs as fast as it can.
+option(FUZZERS "Build the fuzzers" OFF)
+
+if(SANITIZE AND NOT FUZZERS)
   set(CMAKE_CXX_FLAGS_RELEASE "-O1")
 else()
   set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
@@ -38,9 +41,13 @@ elseif(CMAKE_CROSSCOMPILING)
   target_link_options(compiler_options INTERFACE -static-libstdc++ -static-libgcc)
 endif()
 
+add_library(sanitizer_options INTERFACE)
 if(SANITIZE)
-  target_compile_options(compiler_options INTERFACE
+  target_compile_options(sanitizer_options INTERFACE
     -fsanitize=${SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -g1)
-  target_compile_definitions(compiler_options INTERFACE _GLIBCXX_ASSERTIONS)
-  target_link_options(compiler_options INTERFACE -fsanitize=${SANITIZE})
+  target_compile_definitions(sanitizer_options INTERFACE _GLIBCXX_ASSERTIONS)
+  target_link_options(sanitizer_options INTERFACE -fsanitize=${SANITIZE})
+endif()
+if(NOT FUZZERS)
+  target_link_libraries(compiler_options INTERFACE sanitizer_options)
 endif()
