@@ -133,7 +133,7 @@ Argument readArgument(Input& input, Type type, bool last) {
 
 /// Arguments that would only cost memory or time are made smaller.
 void spareResources(Trial& trial) {
-  constexpr std::int64_t kMuch = 1 << 16;
+  constexpr std::int64_t kMuch = 1 << 13;
   const std::string& name = trial.method->declaration.name;
   if (name == "RandomBytesStringZQV") {
     auto& length = std::get<std::int32_t>(trial.arguments[0]);
