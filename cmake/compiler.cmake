@@ -11,8 +11,17 @@ set(SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,unde
 
 # FUZZERS: only what is shipped is sanitized and reports what it covers; what judges it runs as fast as it can.
 option(FUZZERS "Build the fuzzers" OFF)
+option(COVERAGE "Count which lines and branches of the plugin's own folders are run" OFF)
 
-if(SANITIZE AND NOT FUZZERS)
+# A build that watches itself is not the one that ships.
+set(INSTRUMENTED FALSE)
+if(SANITIZE OR COVERAGE)
+  set(INSTRUMENTED TRUE)
+endif()
+
+if(COVERAGE)
+  set(CMAKE_CXX_FLAGS_RELEASE "-O0")
+elseif(SANITIZE AND NOT FUZZERS)
   set(CMAKE_CXX_FLAGS_RELEASE "-O1")
 else()
   set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
@@ -47,7 +56,15 @@ if(SANITIZE)
     -fsanitize=${SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -g1)
   target_compile_definitions(sanitizer_options INTERFACE _GLIBCXX_ASSERTIONS)
   target_link_options(sanitizer_options INTERFACE -fsanitize=${SANITIZE})
+  if(SANITIZE MATCHES "unsigned-integer-overflow")
+    set(ignored ${PROJECT_SOURCE_DIR}/cmake/integers.ignored)
+    target_compile_options(sanitizer_options INTERFACE -fsanitize-ignorelist=${ignored})
+  endif()
 endif()
 if(NOT FUZZERS)
   target_link_libraries(compiler_options INTERFACE sanitizer_options)
+endif()
+
+if(COVERAGE)
+  target_link_options(compiler_options INTERFACE --coverage)
 endif()

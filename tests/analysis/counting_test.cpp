@@ -7,6 +7,7 @@
 
 #include "analysis/counting_two_way.h"
 #include "tests/reference/counting.h"
+#include "tests/support/forms.h"
 #include "tests/support/placed_bytes.h"
 #include "tests/support/random_bytes.h"
 
@@ -20,10 +21,8 @@ using Kernel = std::int64_t (*)(ByteView, ByteView) noexcept;
 
 /// Every way there is to count a pattern that isn't empty, the chosen one first.
 std::vector<Kernel> kernelsFor(std::string_view pattern) {
-  std::vector<Kernel> kernels{counting::count, counting::scalar::count};
-#ifdef WIDE_AVX2
-  if (cpu::hasAvx2()) kernels.push_back(counting::avx2::count);
-#endif
+  std::vector<Kernel> kernels{counting::count};
+  IN_EVERY_FORM(counting, kernels.push_back(form::count));
   if (pattern.size() > 1) kernels.push_back(counting::countTwoWay);
   return kernels;
 }
@@ -89,6 +88,17 @@ TEST_CASE("counting: patterns of all kinds in texts of few letters") {
       for (std::size_t i = period; i < pattern.size(); ++i) pattern[i] = pattern[i - period];
     }
     checkCount(text, pattern);
+  }
+}
+
+TEST_CASE("counting: a rare word at every place") {
+  for (std::size_t place = 0; place < 700; ++place) {
+    std::string text(700 + 3 * (place % 5), 'e');
+    text.replace(place, 3, "ezq");
+    checkCount(text, "ezq");
+    checkCount(text, "zq");
+    checkCount(text, std::string(20, 'e') + "z");
+    checkCount(text + text, "qe");
   }
 }
 

@@ -2,9 +2,11 @@
 #include <vector>
 
 #include "markup/html_encoder.h"
+#include "markup/output_limit.h"
 #include "markup/xml_encoder.h"
 #include "tests/markup/markup_text.h"
 #include "tests/reference/markup.h"
+#include "tests/support/forms.h"
 
 namespace {
 
@@ -134,28 +136,30 @@ void xmlOfEveryCharacter(XmlKernel kernel) {
   }
 }
 
+TEST_CASE("an output that would be too long is noticed to the byte") {
+  const std::u32string text = std::u32string(5000, U'&') + std::u32string(5000, U'<');
+  const auto encode = [](Utf32View part, OutputBuffer& output) noexcept {
+    return xml::encode(part, Apostrophe::kName, output);
+  };
+  constexpr std::int64_t kSize = 4 * (5000 * 5 + 5000 * 4);
+  const Utf32View view(text.data(), text.size());
+  CHECK(markup::fitsIn(kSize, view, encode));
+  CHECK_FALSE(markup::fitsIn(kSize - 1, view, encode));
+  CHECK(xml::encodedBound(89'478'485) <= kMaxSize);
+  CHECK(html::encodedBound(153'391'689) <= kMaxSize);
+  OutputBuffer refused;
+  CHECK_FALSE(refused.refuse());
+  CHECK(refused.tooLong());
+}
+
 }  // namespace
 
-TEST_CASE("html: the plain form agrees with the naive twin") {
-  htmlAgreesWithTwin(html::scalar::encode);
-  htmlOfEveryCharacter(html::scalar::encode);
+TEST_CASE("html: every form agrees with the naive twin") {
+  IN_EVERY_FORM(html, htmlAgreesWithTwin(form::encode));
+  IN_EVERY_FORM(html, htmlOfEveryCharacter(form::encode));
 }
 
-TEST_CASE("xml: the plain form agrees with the naive twin") {
-  xmlAgreesWithTwin(xml::scalar::encode);
-  xmlOfEveryCharacter(xml::scalar::encode);
+TEST_CASE("xml: every form agrees with the naive twin") {
+  IN_EVERY_FORM(xml, xmlAgreesWithTwin(form::encode));
+  IN_EVERY_FORM(xml, xmlOfEveryCharacter(form::encode));
 }
-
-#ifdef WIDE_AVX2
-TEST_CASE("html: the wide form agrees with the naive twin") {
-  if (!cpu::hasAvx2()) return;
-  htmlAgreesWithTwin(html::avx2::encode);
-  htmlOfEveryCharacter(html::avx2::encode);
-}
-
-TEST_CASE("xml: the wide form agrees with the naive twin") {
-  if (!cpu::hasAvx2()) return;
-  xmlAgreesWithTwin(xml::avx2::encode);
-  xmlOfEveryCharacter(xml::avx2::encode);
-}
-#endif
