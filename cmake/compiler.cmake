@@ -9,6 +9,8 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 # SANITIZE: what -fsanitize= gets; every target is built with it, and stops at the first finding.
 set(SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined")
 
+# FUZZERS: only what is shipped is sanitized and reports what it covers; what judges it runs as fast as it can.
+option(FUZZERS "Build the fuzzers" OFF)
 option(COVERAGE "Count which lines and branches of the plugin's own folders are run" OFF)
 
 # A build that watches itself is not the one that ships.
@@ -19,7 +21,7 @@ endif()
 
 if(COVERAGE)
   set(CMAKE_CXX_FLAGS_RELEASE "-O0")
-elseif(SANITIZE)
+elseif(SANITIZE AND NOT FUZZERS)
   set(CMAKE_CXX_FLAGS_RELEASE "-O1")
 else()
   set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
@@ -48,15 +50,19 @@ elseif(CMAKE_CROSSCOMPILING)
   target_link_options(compiler_options INTERFACE -static-libstdc++ -static-libgcc)
 endif()
 
+add_library(sanitizer_options INTERFACE)
 if(SANITIZE)
-  target_compile_options(compiler_options INTERFACE
+  target_compile_options(sanitizer_options INTERFACE
     -fsanitize=${SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -g1)
-  target_compile_definitions(compiler_options INTERFACE _GLIBCXX_ASSERTIONS)
-  target_link_options(compiler_options INTERFACE -fsanitize=${SANITIZE})
+  target_compile_definitions(sanitizer_options INTERFACE _GLIBCXX_ASSERTIONS)
+  target_link_options(sanitizer_options INTERFACE -fsanitize=${SANITIZE})
   if(SANITIZE MATCHES "unsigned-integer-overflow")
     set(ignored ${PROJECT_SOURCE_DIR}/cmake/integers.ignored)
-    target_compile_options(compiler_options INTERFACE -fsanitize-ignorelist=${ignored})
+    target_compile_options(sanitizer_options INTERFACE -fsanitize-ignorelist=${ignored})
   endif()
+endif()
+if(NOT FUZZERS)
+  target_link_libraries(compiler_options INTERFACE sanitizer_options)
 endif()
 
 if(COVERAGE)

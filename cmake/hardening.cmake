@@ -1,7 +1,7 @@
 # What the shipped code is built with on top of the compiler options: protection against what the caller's text
 # might find, small stack frames, and a file that needs nothing but the C library.
 add_library(shipped_options INTERFACE)
-target_link_libraries(shipped_options INTERFACE compiler_options)
+target_link_libraries(shipped_options INTERFACE compiler_options sanitizer_options)
 
 # Counted where the plugin's own code is compiled; the tests need no counting.
 if(COVERAGE)

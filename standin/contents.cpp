@@ -22,12 +22,23 @@ void Contents::reserve(std::size_t size, const Layout& layout) {
   std::memset(data_ + size, layout.tailByte, layout.tail);
 }
 
+void Contents::stretch(std::string_view bytes, const Layout& layout) {
+  size_ = layout.stretchedTo;
+  repeated_ = std::make_unique<RepeatedMemory>(bytes, size_, layout.tail);
+  data_ = repeated_->data();
+  std::memset(data_ + size_, layout.tailByte, layout.tail);
+}
+
 Contents::Contents(std::size_t size, const Layout& layout) {
   reserve(size, layout);
   std::memset(data_, 0, size);
 }
 
 Contents::Contents(std::string_view bytes, const Layout& layout) {
+  if (layout.stretchedTo > bytes.size()) {
+    stretch(bytes, layout);
+    return;
+  }
   reserve(bytes.size(), layout);
   if (!bytes.empty()) std::memcpy(data_, bytes.data(), bytes.size());
   if (guarded_) guarded_->seal();
