@@ -77,8 +77,7 @@ std::int64_t scalar::count(ByteView text, ByteView pattern) noexcept {
 std::int64_t count(ByteView text, ByteView pattern) noexcept {
   if (pattern.empty() || pattern.size() > text.size()) return 0;
 #ifdef WIDE_AVX2
-  constexpr std::size_t kPlacesAtATime = 64;
-  if (text.size() - pattern.size() >= kPlacesAtATime && cpu::hasAvx2()) return avx2::count(text, pattern);
+  if (cpu::hasAvx2()) return avx2::count(text, pattern);
 #endif
 #ifdef WIDE_NEON
   constexpr std::size_t kPlacesAtATime = 64;

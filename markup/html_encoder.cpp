@@ -5,6 +5,7 @@
 #include "markup/entity_lookup.h"
 #include "markup/html_references.h"
 #include "markup/markup_characters.h"
+#include "markup/output_limit.h"
 
 namespace {
 
@@ -54,11 +55,15 @@ bool html::scalar::encode(Utf32View text, Markup markup, OutputBuffer& ascii) no
 }
 
 bool html::encode(Utf32View text, Markup markup, OutputBuffer& ascii) noexcept {
+  const auto encode = [markup](Utf32View part, OutputBuffer& output) noexcept {
 #ifdef WIDE_AVX2
-  if (cpu::hasAvx2()) return avx2::encode(text, markup, ascii);
+    if (cpu::hasAvx2()) return avx2::encode(part, markup, output);
 #endif
 #ifdef WIDE_NEON
-  if (cpu::hasNeon()) return neon::encode(text, markup, ascii);
+    if (cpu::hasNeon()) return neon::encode(part, markup, output);
 #endif
-  return scalar::encode(text, markup, ascii);
+    return scalar::encode(part, markup, output);
+  };
+  const bool mayBeTooLong = encodedBound(std::ssize(text)) > kMaxSize;
+  return mayBeTooLong && !markup::fitsIn(kMaxSize, text, encode) ? ascii.refuse() : encode(text, ascii);
 }

@@ -2,6 +2,7 @@
 #include <vector>
 
 #include "markup/html_encoder.h"
+#include "markup/output_limit.h"
 #include "markup/xml_encoder.h"
 #include "tests/markup/markup_text.h"
 #include "tests/reference/markup.h"
@@ -133,6 +134,22 @@ void xmlOfEveryCharacter(XmlKernel kernel) {
   for (const std::u32string& text : everyCharacter()) {
     REQUIRE(asXml(kernel, text, Apostrophe::kNumber) == reference::xmlEncoded(text, false));
   }
+}
+
+TEST_CASE("an output that would be too long is noticed to the byte") {
+  const std::u32string text = std::u32string(5000, U'&') + std::u32string(5000, U'<');
+  const auto encode = [](Utf32View part, OutputBuffer& output) noexcept {
+    return xml::encode(part, Apostrophe::kName, output);
+  };
+  constexpr std::int64_t kSize = 4 * (5000 * 5 + 5000 * 4);
+  const Utf32View view(text.data(), text.size());
+  CHECK(markup::fitsIn(kSize, view, encode));
+  CHECK_FALSE(markup::fitsIn(kSize - 1, view, encode));
+  CHECK(xml::encodedBound(89'478'485) <= kMaxSize);
+  CHECK(html::encodedBound(153'391'689) <= kMaxSize);
+  OutputBuffer refused;
+  CHECK_FALSE(refused.refuse());
+  CHECK(refused.tooLong());
 }
 
 }  // namespace
