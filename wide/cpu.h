@@ -43,7 +43,6 @@ unsigned askOffer() noexcept;
   const unsigned known = knownOffer.load(std::memory_order_relaxed);
   return known != kUnknown ? known : askOffer();
 }
-
 #endif
 
 #ifdef WIDE_AVX2
