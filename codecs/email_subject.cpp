@@ -29,7 +29,7 @@ constexpr std::int64_t kFrameSize = sizeof email_subject::kOpening - 1 + sizeof 
 
 /// Room for the encoded word of a text: what is known to do when little is asked for, else the very size.
 std::int64_t roomFor(ByteView text) noexcept {
-  const std::int64_t bound = 3 * std::ssize(text) + kFrameSize + kEscapeOverrun;
+  const std::int64_t bound = std::int64_t{3} * std::ssize(text) + kFrameSize + kEscapeOverrun;
   return bound <= OutputBuffer::kInlineSize ? bound : email_subject::encodedSize(text) + kEscapeOverrun;
 }
 
