@@ -5,11 +5,11 @@ plugin_folders=(plugin host memory markup codecs bytes analysis wide)
 # check WHAT…: everything without WHAT.
 check() {
   if [ $# -eq 0 ]; then set -- format warnings sanitizers tidy; fi
-  if [ "$*" = all ]; then set -- format warnings sanitizers tidy; fi
+  if [ "$*" = all ]; then set -- format warnings sanitizers tidy site; fi
   local what
   for what; do
     case $what in
-      format | warnings | sanitizers | tidy) ;;
+      format | warnings | sanitizers | tidy | site) ;;
       *) fail "no such check: $what" 2 ;;
     esac
   done

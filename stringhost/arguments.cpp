@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <charconv>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -15,6 +14,7 @@
 #include <utility>
 
 #include "standin/transcode.h"
+#include "stringhost/numbers.h"
 #include "stringhost/usage_error.h"
 
 namespace stringhost {
@@ -110,14 +110,6 @@ standin::Block parseBlock(const std::string& written, const Source& source) {
   return content ? standin::Block{std::move(content->bytes), false} : standin::nilBlock();
 }
 
-template <typename Number>
-std::optional<Number> parseNumber(std::string_view written) {
-  Number number{};
-  const auto [end, error] = std::from_chars(written.data(), written.data() + written.size(), number);
-  if (error != std::errc() || end != written.data() + written.size()) return std::nullopt;
-  return number;
-}
-
 std::optional<bool> parseBoolean(std::string written) {
   for (char& c : written) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
   if (written == "true" || written == "1") return true;
@@ -139,9 +131,9 @@ Argument parseArgument(const standin::Parameter& parameter, const std::string& w
     case Type::kMemoryBlock:
       return parseBlock(written, source);
     case Type::kInteger:
-      return need(parseNumber<std::int32_t>(written), written, parameter, "integer of 32 bits");
+      return need(numbers::parse<std::int32_t>(written), written, parameter, "integer of 32 bits");
     case Type::kDouble:
-      return need(parseNumber<double>(written), written, parameter, "number");
+      return need(numbers::parse<double>(written), written, parameter, "number");
     case Type::kBoolean:
       break;
   }
@@ -170,7 +162,11 @@ std::vector<Argument> parseArguments(const standin::Declaration& declaration, co
   }
   std::vector<Argument> arguments;
   for (std::size_t index = 0; index < written.size(); ++index) {
-    arguments.push_back(parseArgument(declaration.parameters[index], written[index], source));
+    try {
+      arguments.push_back(parseArgument(declaration.parameters[index], written[index], source));
+    } catch (const UsageError& error) {
+      throw UsageError(error.what(), error.hint(), static_cast<int>(index) + 1);
+    }
   }
   return arguments;
 }

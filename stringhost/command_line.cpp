@@ -2,7 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <charconv>
+#include <system_error>
 #include <utility>
 
 #include "standin/options.h"
@@ -10,6 +10,7 @@
 #include "stringhost/arguments.h"
 #include "stringhost/encoding_names.h"
 #include "stringhost/nearest.h"
+#include "stringhost/numbers.h"
 #include "stringhost/usage_error.h"
 
 namespace stringhost {
@@ -32,7 +33,7 @@ bool contains(const std::vector<std::string>& words, const std::string& word) {
 
 bool isNumber(const std::string& word) {
   double number = 0;
-  const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
+  const auto [end, error] = numbers::read(word.data(), word.data() + word.size(), number);
   return error != std::errc::invalid_argument && end == word.data() + word.size();
 }
 
@@ -85,10 +86,8 @@ auto valueNamed(const Table& table, const std::string& name, const std::string& 
 template <typename Number>
 CLI::Validator checked(Number least, Number most, const char* what) {
   const auto check = [=](const std::string& word) -> std::string {
-    Number number{};
-    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
-    const bool isNumber = error == std::errc() && end == word.data() + word.size();
-    return isNumber && number >= least && number <= most ? std::string() : "'" + word + "' is no " + what;
+    const auto number = numbers::parse<Number>(word);
+    return number && *number >= least && *number <= most ? std::string() : "'" + word + "' is no " + what;
   };
   return CLI::Validator(check, "");
 }

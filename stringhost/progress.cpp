@@ -1,5 +1,6 @@
 #include "stringhost/progress.h"
 
+#include <system_error>
 #include <utility>
 
 namespace stringhost {
@@ -7,7 +8,11 @@ namespace stringhost {
 Progress::Progress(std::ostream& err, std::string what, bool inPlace, std::int64_t steps,
                    std::chrono::milliseconds patience)
     : err_(err), what_(std::move(what)), inPlace_(inPlace), steps_(steps) {
-  thread_ = std::thread([this, patience] { watch(patience); });
+  try {
+    thread_ = std::thread([this, patience] { watch(patience); });
+  } catch (const std::system_error&) {
+    // No thread to be had: the work is done all the same, without a word.
+  }
 }
 
 Progress::~Progress() {
@@ -16,7 +21,7 @@ Progress::~Progress() {
     isOver_ = true;
   }
   wake_.notify_one();
-  thread_.join();
+  if (thread_.joinable()) thread_.join();
   if (isShown() && inPlace_) err_ << "\r\x1B[K" << std::flush;
 }
 

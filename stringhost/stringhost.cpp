@@ -146,7 +146,7 @@ int dispatch(const CommandLine& line, std::istream& in, std::ostream& out, std::
 }  // namespace
 
 int run(const std::vector<std::string>& arguments, std::istream& in, std::ostream& out, std::ostream& err,
-        bool terminal, bool watched) {
+        bool terminal, bool watched, int* wrongArgument) {
   try {
     const CommandLine line = parseCommandLine(arguments);
     if (line.reply) {
@@ -155,6 +155,7 @@ int run(const std::vector<std::string>& arguments, std::istream& in, std::ostrea
     }
     return dispatch(line, in, out, err, terminal, watched);
   } catch (const UsageError& error) {
+    if (wrongArgument != nullptr) *wrongArgument = error.argument();
     err << "stringhost: " << error.what() << '\n';
     if (!error.hint().empty()) err << error.hint() << '\n';
   } catch (const std::bad_alloc&) {

@@ -1,0 +1,184 @@
+#!/usr/bin/env python3
+"""Builds the reference site from the pages in docs/ and the compiled plugin: build.py MODULE_FOLDER SITE_FOLDER."""
+
+import base64
+import json
+import re
+import shutil
+import sys
+from pathlib import Path
+
+from generator import layout, markdown, source
+
+ROOT = Path(__file__).resolve().parent.parent
+DOCS = ROOT / "docs"
+ASSETS = Path(__file__).resolve().parent / "assets"
+
+SCRIPTS = ("engine.js", "examples.js")
+PLAYGROUND_SCRIPTS = ("engine.js", "fields.js", "result.js", "playground.js")
+
+
+class Site:
+    def __init__(self, folder):
+        self.folder = folder
+        self.groups = [source.read_page(path) for path in sorted((DOCS / "methods").glob("*.md")) if path.stem != "README"]
+        order = (DOCS / "methods" / "README.md").read_text(encoding="utf-8")
+        self.groups.sort(key=lambda group: order.find(group.name + ".md"))
+        self.others = [source.read_page(path) for path in sorted(DOCS.glob("*.md")) if path.stem != "README"]
+        self.names = {page.name for page in self.groups + self.others}
+        others = [(page.name + ".html", page.title) for page in self.others]
+        self.tabs = [("index.html", "Methods"), ("playground.html", "Playground"), *others]
+
+    def link(self, target):
+        """The site's own form of a link between the sources."""
+        if re.match(r"[a-z]+:", target) or target.startswith("#"):
+            return target if not target.startswith("javascript:") else None
+        path, _, fragment = target.partition("#")
+        name = Path(path).name
+        if name.endswith(".svg"):
+            return f"speed/{name}" if (DOCS / "speed" / name).exists() else None
+        if not name.endswith(".md"):
+            return None
+        page = "index.html" if name == "README.md" else name.removesuffix(".md") + ".html"
+        if page != "index.html" and page.removesuffix(".html") not in self.names:
+            return None
+        return page + ("#" + fragment if fragment else "")
+
+    def write(self, name, title, content, sidebar="", scripts=SCRIPTS):
+        text = layout.page(title, content, current=name, tabs=self.tabs, sidebar=sidebar, scripts=scripts)
+        (self.folder / name).write_text(text, encoding="utf-8")
+
+    def section(self, section):
+        parts = []
+        if section.heading:
+            name = section.heading
+            parts.append(
+                f'<h2 id="{markdown.anchor(name)}">{markdown.render(name, self.link).removeprefix("<p>").strip().removesuffix("</p>")}'
+                f'<a class="here" href="#{markdown.anchor(name)}" aria-label="Link to this section">#</a></h2>'
+            )
+        for block in section.blocks:
+            if isinstance(block, source.Prose):
+                parts.append(markdown.render(block.text, self.link))
+            elif isinstance(block, source.Declarations):
+                lines = "\n".join(declaration(line) for line in block.lines)
+                parts.append(f'<pre class="declaration" tabindex="0" aria-label="Declaration"><code>{lines}</code></pre>')
+            else:
+                parts.append("".join(layout.example(each) for each in block.examples))
+        return f"<section>{''.join(parts)}</section>"
+
+    def page(self, page, sidebar):
+        body = "".join(self.section(section) for section in page.sections)
+        examples = SCRIPTS if page.examples else ()
+        self.write(page.name + ".html", page.title, f"<h1>{layout.escape(page.title)}</h1>{body}", sidebar, examples)
+
+    def index(self):
+        count = sum(len(section.declarations) for group in self.groups for section in group.methods)
+        parts = [
+            f"<h1>The {count} methods</h1>",
+            '<p class="lead">String functions for the Xojo development environment and the applications built with it. '
+            "Every example of this reference runs in the page, with the plugin itself: change it and see. "
+            'In the <a href="playground.html">playground</a> any method can be called, with files too.</p>',
+        ]
+        for group in self.groups:
+            rows = "".join(self.row(group, section, line) for section in group.methods for line in section.declarations)
+            parts.append(
+                f'<section class="group"><h2><a href="{group.name}.html">{layout.escape(group.title)}</a></h2>'
+                f'<ul class="methods">{rows}</ul></section>'
+            )
+        self.write("index.html", "Methods", "".join(parts), layout.contents(self.groups), ())
+
+    def row(self, group, section, line):
+        summary = markdown.render(first_sentence(section.summary), self.link)
+        parameters = ", ".join(re.findall(r"(\w+) as ", line.rpartition(")")[0]))
+        return (
+            f'<li><a href="{group.name}.html#{markdown.anchor(section.heading)}"><code>{layout.escape(section.heading)}</code>'
+            f'<span class="parameters">({layout.escape(parameters)})</span></a> {re.sub("</?a[^>]*>", "", summary)}</li>'
+        )
+
+    def search(self):
+        """What the search goes through: a record per section that has a heading."""
+        records = []
+        for page in self.groups + self.others:
+            for section in page.sections:
+                if not section.heading:
+                    continue
+                records.append(
+                    {
+                        "name": markdown.plain(markdown.render(section.heading, self.link)).strip(),
+                        "page": page.title,
+                        "link": f"{page.name}.html#{markdown.anchor(section.heading)}",
+                        "isMethod": bool(section.declarations),
+                        "summary": markdown.plain(markdown.render(first_sentence(section.summary), self.link)).strip(),
+                        "text": " ".join(markdown.plain(markdown.render(section.text, self.link)).split()),
+                    }
+                )
+        text = (ASSETS / "search.js").read_text(encoding="utf-8")
+        records = json.dumps(records, ensure_ascii=False, separators=(",", ":"))
+        (self.folder / "search.js").write_text(f"const SEARCH_RECORDS = {records};\n{text}", encoding="utf-8")
+
+    def playground(self):
+        content = (ASSETS / "playground.html").read_text(encoding="utf-8")
+        self.write("playground.html", "Playground", content, "", PLAYGROUND_SCRIPTS)
+
+    def build(self, module):
+        for page in self.groups:
+            self.page(page, layout.contents(self.groups, page.name))
+        for page in self.others:
+            self.page(page, on_this_page(page))
+        self.index()
+        self.playground()
+        self.search()
+        shutil.copytree(DOCS / "speed", self.folder / "speed")
+        for name in ("style.css", *sorted({*SCRIPTS, *PLAYGROUND_SCRIPTS})):
+            shutil.copy(ASSETS / name, self.folder / name)
+        self.machine(module)
+
+    def machine(self, module):
+        """The worker's program and the module it runs, as a script that works from disk: only scripts are read there."""
+        parts = {
+            "WORKER": (module / "stringhost_page.js").read_text(encoding="utf-8")
+            + (ASSETS / "worker.js").read_text(encoding="utf-8"),
+            "MODULE": base64.b64encode((module / "stringhost_page.wasm").read_bytes()).decode(),
+        }
+        lines = [f"const {name} = {json.dumps(text)};\n" for name, text in parts.items()]
+        (self.folder / "machine.js").write_text("".join(lines), encoding="utf-8")
+
+    @property
+    def examples(self):
+        return sum(len(page.examples) for page in self.groups + self.others)
+
+
+def first_sentence(text):
+    return re.match(r".*?[.!?](?=\s|$)|.*", text)[0]
+
+
+def declaration(line):
+    escaped = layout.escape(line)
+    escaped = re.sub(r"\bas (\w+)", r'<span class="word">as</span> <span class="type">\1</span>', escaped)
+    return re.sub(r"^(\w+)", r'<span class="name">\1</span>', escaped)
+
+
+def on_this_page(page):
+    items = "".join(
+        f'<li><a href="#{markdown.anchor(section.heading)}">{layout.escape(section.heading)}</a></li>'
+        for section in page.sections
+        if section.heading
+    )
+    return f'<nav aria-label="On this page"><details open><summary>On this page</summary><ul>{items}</ul></details></nav>'
+
+
+def main():
+    module, folder = Path(sys.argv[1]), Path(sys.argv[2])
+    fresh = folder.with_name(folder.name + ".new")
+    shutil.rmtree(fresh, ignore_errors=True)
+    fresh.mkdir(parents=True)
+    site = Site(fresh)
+    site.build(module)
+    shutil.rmtree(folder, ignore_errors=True)
+    fresh.rename(folder)
+    size = sum(path.stat().st_size for path in folder.rglob("*") if path.is_file())
+    print(f"{len(site.groups) + len(site.others) + 2} pages, {site.examples} live examples, {size / 1e6:.1f} MB in {folder}")
+
+
+if __name__ == "__main__":
+    main()
