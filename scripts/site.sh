@@ -20,5 +20,5 @@ check_site() {
   site
   install "${site_check_packages[@]}"
   step 'site in chromium' site_python -m unittest discover --start-directory tests/site --pattern '*_test.py'
-  tail -n 3 "$logs/site_in_chromium.log"
+  grep -E '^[0-9]+ |^10 MB|^Ran ' "$logs/site_in_chromium.log"
 }

@@ -29,7 +29,8 @@ Reply* reply(int status, int wrongArgument, std::string printed, std::string com
   static Reply reply;
   out = std::move(printed);
   err = std::move(complained);
-  reply = {status,     wrongArgument, out.data(), static_cast<std::uint32_t>(out.size()),
+  reply = {status,     wrongArgument,
+           out.data(), static_cast<std::uint32_t>(out.size()),
            err.data(), static_cast<std::uint32_t>(err.size())};
   return &reply;
 }

@@ -89,11 +89,12 @@ class BytesField extends Field {
       radio.addEventListener('change', () => this.show());
       this.kinds.append(element('label', {}, radio, name));
     }
-    this.input = element('textarea', {id, rows: '2', spellcheck: 'false', placeholder: this.defaultHint});
+    this.input = element('textarea', {id, rows: '1', spellcheck: 'false', placeholder: this.defaultHint});
     this.chooser = element('input', {type: 'file', 'aria-label': `File for ${this.parameter.name}`});
     this.size = element('p', {class: 'hint'});
     this.chooser.addEventListener('change', () => this.show());
     this.file = null;
+    this.restored = null;
     this.kind = kinds[0][0];
     return [this.kinds, this.input, this.chooser, this.size];
   }
@@ -125,12 +126,18 @@ class BytesField extends Field {
     if (this.kind === 'default') return `text:${this.parameter.default}`;
     if (this.kind === 'hex') return `hex:${this.input.value}`;
     if (this.kind === 'file') return `@${this.file?.name ?? ''}`;
-    return this.kind === 'null' ? '' : textArgument(this.input.value);
+    return this.kind === 'null' ? '' : textArgument(this.text);
+  }
+
+  /** The text in the field, or what was put there, of which the field may have changed line ends. */
+  get text() {
+    return this.restored?.shown === this.input.value ? this.restored.text : this.input.value;
   }
 
   set argument(written) {
     const {kind, value} = readArgument(written);
     this.input.value = value;
+    this.restored = {text: value, shown: this.input.value};
     this.kind = kind;
   }
 
