@@ -22,8 +22,11 @@ class Site:
     def __init__(self, folder):
         self.folder = folder
         self.groups = [source.read_page(path) for path in sorted((DOCS / "methods").glob("*.md")) if path.stem != "README"]
-        order = (DOCS / "methods" / "README.md").read_text(encoding="utf-8")
-        self.groups.sort(key=lambda group: order.find(group.name + ".md"))
+        index = (DOCS / "methods" / "README.md").read_text(encoding="utf-8")
+        self.groups.sort(key=lambda group: index.find(group.name + ".md"))
+        # What the sources' own index says, besides the table that the site has in another form.
+        parts = re.split(r"^(?=#{2,3} )", index, flags=re.M)[1:]
+        self.reading = "".join(part for part in parts if not re.search(r"^\|", part, re.M))
         self.others = [source.read_page(path) for path in sorted(DOCS.glob("*.md")) if path.stem != "README"]
         self.names = {page.name for page in self.groups + self.others}
         others = [(page.name + ".html", page.title) for page in self.others]
@@ -39,35 +42,41 @@ class Site:
             return f"speed/{name}" if (DOCS / "speed" / name).exists() else None
         if not name.endswith(".md"):
             return None
-        page = "index.html" if name == "README.md" else name.removesuffix(".md") + ".html"
-        if page != "index.html" and page.removesuffix(".html") not in self.names:
-            return None
-        return page + ("#" + fragment if fragment else "")
+        if name == "README.md":
+            heading = re.match(r"#+ (.*)", self.reading)
+            return "index.html#" + markdown.anchor(heading[1]) if heading else "index.html"
+        page = name.removesuffix(".md")
+        return f"{page}.html{'#' if fragment else ''}{fragment}" if page in self.names else None
 
     def write(self, name, title, content, sidebar="", scripts=SCRIPTS):
         text = layout.page(title, content, current=name, tabs=self.tabs, sidebar=sidebar, scripts=scripts)
         (self.folder / name).write_text(text, encoding="utf-8")
 
-    def section(self, section):
+    def section(self, section, anchors):
         parts = []
         if section.heading:
-            name = section.heading
+            name = anchors(section.heading)
             parts.append(
-                f'<h2 id="{markdown.anchor(name)}">{markdown.render(name, self.link).removeprefix("<p>").strip().removesuffix("</p>")}'
-                f'<a class="here" href="#{markdown.anchor(name)}" aria-label="Link to this section">#</a></h2>'
+                f'<h2 id="{name}">{self.inline(section.heading)}'
+                f'<a class="here" href="#{name}" aria-label="Link to this section">#</a></h2>'
             )
         for block in section.blocks:
             if isinstance(block, source.Prose):
-                parts.append(markdown.render(block.text, self.link))
+                parts.append(markdown.render(block.text, self.link, anchors))
             elif isinstance(block, source.Declarations):
-                lines = "\n".join(declaration(line) for line in block.lines)
+                lines = "".join(f"<span>{declaration(line)}\n</span>" for line in block.lines)
                 parts.append(f'<pre class="declaration" tabindex="0" aria-label="Declaration"><code>{lines}</code></pre>')
             else:
                 parts.append("".join(layout.example(each) for each in block.examples))
         return f"<section>{''.join(parts)}</section>"
 
+    def inline(self, text):
+        """Markdown inside a line, without links."""
+        return re.sub("</?(a|p)[^>]*>", "", markdown.render(text, self.link)).strip()
+
     def page(self, page, sidebar):
-        body = "".join(self.section(section) for section in page.sections)
+        anchors = markdown.Anchors()
+        body = "".join(self.section(section, anchors) for section in page.sections)
         examples = SCRIPTS if page.examples else ()
         self.write(page.name + ".html", page.title, f"<h1>{layout.escape(page.title)}</h1>{body}", sidebar, examples)
 
@@ -85,14 +94,16 @@ class Site:
                 f'<section class="group"><h2><a href="{group.name}.html">{layout.escape(group.title)}</a></h2>'
                 f'<ul class="methods">{rows}</ul></section>'
             )
+        if self.reading:
+            parts.append(f"<section>{markdown.render(self.reading, self.link, markdown.Anchors())}</section>")
         self.write("index.html", "Methods", "".join(parts), layout.contents(self.groups), ())
 
     def row(self, group, section, line):
-        summary = markdown.render(first_sentence(section.summary), self.link)
         parameters = ", ".join(re.findall(r"(\w+) as ", line.rpartition(")")[0]))
         return (
             f'<li><a href="{group.name}.html#{markdown.anchor(section.heading)}"><code>{layout.escape(section.heading)}</code>'
-            f'<span class="parameters">({layout.escape(parameters)})</span></a> {re.sub("</?a[^>]*>", "", summary)}</li>'
+            f'<span class="parameters">({layout.escape(parameters)})</span></a>'
+            f"<p>{self.inline(first_sentence(section.summary))}</p></li>"
         )
 
     def search(self):
@@ -104,11 +115,11 @@ class Site:
                     continue
                 records.append(
                     {
-                        "name": markdown.plain(markdown.render(section.heading, self.link)).strip(),
+                        "name": markdown.plain(self.inline(section.heading)),
                         "page": page.title,
                         "link": f"{page.name}.html#{markdown.anchor(section.heading)}",
                         "isMethod": bool(section.declarations),
-                        "summary": markdown.plain(markdown.render(first_sentence(section.summary), self.link)).strip(),
+                        "summary": markdown.plain(self.inline(first_sentence(section.summary))),
                         "text": " ".join(markdown.plain(markdown.render(section.text, self.link)).split()),
                     }
                 )

@@ -18,25 +18,38 @@ def anchor(heading):
     return re.sub(r"[^\w\- ]", "", heading.lower()).replace(" ", "-")
 
 
+class Anchors:
+    """The names of a page's headings; the second of a name gets a number, as on GitHub."""
+
+    def __init__(self):
+        self.seen = {}
+
+    def __call__(self, heading):
+        name = anchor(heading)
+        count = self.seen.get(name, 0)
+        self.seen[name] = count + 1
+        return f"{name}-{count}" if count else name
+
+
 def plain(rendered):
     """The text of some HTML."""
     return html.unescape(re.sub(r"<[^>]*>", "", rendered))
 
 
-def render(text, link):
+def render(text, link, anchors=anchor):
     """HTML of some Markdown. `link` turns the target of each link and image into one of the site, or None."""
     parts = []
     source = text.encode()
     status = _md_html(source, len(source), _Output(lambda data, size, _: parts.append(data[:size])), None, FLAGS, 0)
     if status != 0:
         raise RuntimeError("md4c could not render the page")
-    return _finished(b"".join(parts).decode(), link)
+    return _finished(b"".join(parts).decode(), link, anchors)
 
 
-def _finished(rendered, link):
+def _finished(rendered, link, anchors):
     def heading(match):
         level, inner = match.groups()
-        return f'<h{level} id="{anchor(plain(inner))}">{inner}</h{level}>'
+        return f'<h{level} id="{anchors(plain(inner))}">{inner}</h{level}>'
 
     def reference(match):
         target = link(html.unescape(match["target"]))

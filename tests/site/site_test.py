@@ -234,6 +234,17 @@ class SiteTest(unittest.TestCase):
         self.assertEqual(self.browser.run("return document.querySelectorAll('#result img, #result script').length"), 0)
         self.assertEqual(self.browser.run("return document.title"), "Playground · StringPlugin")
 
+    def test_nothing_can_be_sent(self):
+        refused = (
+            "addEventListener('securitypolicyviolation', ({effectiveDirective}) => {0}(effectiveDirective));"
+            "fetch('https://example.invalid/').catch(() => 0);"
+        )
+        self.browser.open("playground.html")
+        self.assertEqual(self.browser.run(f"return new Promise((r) => {{ {refused.replace('{0}', 'r')} }})"), "connect-src")
+        worker = "return new Promise((r) => new Worker(URL.createObjectURL(new Blob([arguments[0]]))).onmessage = (e) => r(e.data))"
+        self.assertEqual(self.browser.run(worker, refused.replace("{0}", "postMessage")), "connect-src")
+        self.browser.complaints(), self.browser.requests()  # both are told of what was refused
+
     def test_bad_input_gives_the_words_of_the_command_line(self):
         rows = [
             ([("method", "EncodingToHexZQV"), ("a", "hex:C3A")], "hex:C3A: two hex digits make a byte, one is missing"),
