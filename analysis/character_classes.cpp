@@ -68,6 +68,9 @@ bool character_classes::arePrintable(ByteView bytes) noexcept {
 #ifdef WIDE_AVX2
   if (bytes.size() >= avx2::kMinSize && cpu::hasAvx2()) return avx2::arePrintable(bytes);
 #endif
+#ifdef WIDE_NEON
+  if (bytes.size() >= neon::kMinSize && cpu::hasNeon()) return neon::arePrintable(bytes);
+#endif
   return scalar::arePrintable(bytes);
 }
 
@@ -75,12 +78,18 @@ bool character_classes::areFromSpaceOn(ByteView bytes) noexcept {
 #ifdef WIDE_AVX2
   if (bytes.size() >= avx2::kMinSize && cpu::hasAvx2()) return avx2::areFromSpaceOn(bytes);
 #endif
+#ifdef WIDE_NEON
+  if (bytes.size() >= neon::kMinSize && cpu::hasNeon()) return neon::areFromSpaceOn(bytes);
+#endif
   return scalar::areFromSpaceOn(bytes);
 }
 
 void character_classes::replaceNonPrintable(ByteView bytes, std::uint8_t replacement, ByteSpan out) noexcept {
 #ifdef WIDE_AVX2
   if (bytes.size() >= avx2::kMinSize && cpu::hasAvx2()) return avx2::replaceNonPrintable(bytes, replacement, out);
+#endif
+#ifdef WIDE_NEON
+  if (bytes.size() >= neon::kMinSize && cpu::hasNeon()) return neon::replaceNonPrintable(bytes, replacement, out);
 #endif
   scalar::replaceNonPrintable(bytes, replacement, out);
 }

@@ -32,5 +32,14 @@ inline constexpr std::size_t kMinSize = 32;
 void replaceNonPrintable(ByteView bytes, std::uint8_t replacement, ByteSpan out) noexcept;
 }  // namespace avx2
 #endif
+#ifdef WIDE_NEON
+/// For at least `kMinSize` bytes.
+namespace neon {
+inline constexpr std::size_t kMinSize = 16;
+[[nodiscard]] bool arePrintable(ByteView bytes) noexcept;
+[[nodiscard]] bool areFromSpaceOn(ByteView bytes) noexcept;
+void replaceNonPrintable(ByteView bytes, std::uint8_t replacement, ByteSpan out) noexcept;
+}  // namespace neon
+#endif
 
 }  // namespace character_classes

@@ -80,6 +80,10 @@ std::int64_t count(ByteView text, ByteView pattern) noexcept {
   constexpr std::size_t kPlacesAtATime = 64;
   if (text.size() - pattern.size() >= kPlacesAtATime && cpu::hasAvx2()) return avx2::count(text, pattern);
 #endif
+#ifdef WIDE_NEON
+  constexpr std::size_t kPlacesAtATime = 64;
+  if (text.size() - pattern.size() >= kPlacesAtATime && cpu::hasNeon()) return neon::count(text, pattern);
+#endif
   return scalar::count(text, pattern);
 }
 

@@ -25,5 +25,11 @@ namespace avx2 {
 [[nodiscard]] std::int64_t count(ByteView text, ByteView pattern) noexcept;
 }  // namespace avx2
 #endif
+#ifdef WIDE_NEON
+namespace neon {
+/// The twin of `scalar::count` for CPUs with NEON.
+[[nodiscard]] std::int64_t count(ByteView text, ByteView pattern) noexcept;
+}  // namespace neon
+#endif
 
 }  // namespace counting

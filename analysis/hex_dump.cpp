@@ -173,6 +173,9 @@ void hex_dump::write(ByteView bytes, const Layout& layout, ByteSpan text) noexce
 #ifdef WIDE_AVX2
   if (bytes.size() >= kWideFrom && cpu::hasAvx2()) return avx2::write(bytes, layout, text);
 #endif
+#ifdef WIDE_NEON
+  if (bytes.size() >= kWideFrom && cpu::hasNeon()) return neon::write(bytes, layout, text);
+#endif
   scalar::write(bytes, layout, text);
 }
 

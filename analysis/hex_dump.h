@@ -40,5 +40,10 @@ namespace avx2 {
 void write(ByteView bytes, const Layout& layout, ByteSpan text) noexcept;
 }
 #endif
+#ifdef WIDE_NEON
+namespace neon {
+void write(ByteView bytes, const Layout& layout, ByteSpan text) noexcept;
+}
+#endif
 
 }  // namespace hex_dump

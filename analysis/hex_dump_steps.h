@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-#include "memory/byte_view.h"
+#include "analysis/hex_dump.h"
 
 namespace hex_dump {
 
@@ -80,5 +80,11 @@ class Steps {
   int count_ = 0;
   Step steps_[kMaxCount];
 };
+
+/// Writes the text that steps make so many times, each time with the next digits.
+using Repeat = void (*)(const Steps& steps, std::int64_t times, const std::uint8_t* in, std::uint8_t* out) noexcept;
+
+/// Writes a dump by one form of the repeating. Lines or groups that aren't worth laying out are left to the plain form.
+void writeRepeated(ByteView bytes, const Layout& layout, ByteSpan text, Repeat repeat) noexcept;
 
 }  // namespace hex_dump

@@ -51,6 +51,9 @@ std::size_t sql_booleans::replace(ByteView sql, ByteSpan out) noexcept {
 #ifdef WIDE_AVX2
   if (sql.size() >= kWideFrom && cpu::hasAvx2()) avx2::rewrite(sql, out, progress);
 #endif
+#ifdef WIDE_NEON
+  if (sql.size() >= kWideFrom && cpu::hasNeon()) neon::rewrite(sql, out, progress);
+#endif
   scalar::rewrite(sql, out, progress);
   return progress.written;
 }

@@ -31,5 +31,11 @@ namespace avx2 {
 void rewrite(ByteView sql, ByteSpan out, Progress& progress) noexcept;
 }  // namespace avx2
 #endif
+#ifdef WIDE_NEON
+namespace neon {
+/// Rewrites a statement as far as whole vectors go.
+void rewrite(ByteView sql, ByteSpan out, Progress& progress) noexcept;
+}  // namespace neon
+#endif
 
 }  // namespace sql_booleans

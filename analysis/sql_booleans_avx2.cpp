@@ -3,6 +3,7 @@
 
 #ifdef WIDE_AVX2
 
+#include "analysis/sql_booleans_quotes.h"
 #include "analysis/sql_booleans_words.h"
 #include "wide/vectors.h"
 
@@ -35,40 +36,6 @@ AVX2_FUNCTION inline unsigned keywordStarts(const std::uint8_t* in) noexcept {
   const __m256i fal =
       _mm256_and_si256(_mm256_and_si256(areEqual(first, 'f'), areEqual(second, 'a')), areEqual(third, 'l'));
   return wide::bits(_mm256_or_si256(tru, fal));
-}
-
-/// Marks the places from each mark of odd number up to the one after it.
-unsigned fromMarkToMark(unsigned marks) noexcept {
-  marks ^= marks << 1;
-  marks ^= marks << 2;
-  marks ^= marks << 4;
-  marks ^= marks << 8;
-  return marks ^ marks << 16;
-}
-
-/// `withinQuotes` for quotes of both kinds, mark by mark.
-unsigned withinMixedQuotes(unsigned single, unsigned twofold, std::uint8_t& open) noexcept {
-  unsigned within = open != 0 ? ~0U : 0;
-  unsigned ahead = ~0U;
-  while (true) {
-    const unsigned marks = ahead & (open == 0 ? single | twofold : open == '\'' ? single : twofold);
-    if (marks == 0) return within;
-    const unsigned mark = marks & (0U - marks);
-    open = open != 0 ? 0 : (single & mark) != 0 ? '\'' : '"';
-    within ^= 0U - mark;  // from the mark on
-    ahead = 0U - 2 * mark;
-  }
-}
-
-/// Marks what is within quotes, the opening one included, the closing one not.
-/// @param open  the quote that would close what is open, or 0; as it is before and after
-unsigned withinQuotes(unsigned single, unsigned twofold, std::uint8_t& open) noexcept {
-  const bool onlySingle = open != '"' && twofold == 0;
-  const bool onlyTwofold = open != '\'' && single == 0;
-  if (!onlySingle && !onlyTwofold) return withinMixedQuotes(single, twofold, open);
-  const unsigned within = fromMarkToMark(single | twofold) ^ (open != 0 ? ~0U : 0);
-  open = within >> 31 == 0 ? 0 : onlySingle ? '\'' : '"';
-  return within;
 }
 
 }  // namespace

@@ -17,6 +17,9 @@ void combineRun(Operation operation, ByteView data, RepeatingMask mask, std::siz
 #ifdef WIDE_AVX2
   if (data.size() >= 32 && cpu::hasAvx2()) return avx2::combine(operation, data, mask, position, result);
 #endif
+#ifdef WIDE_NEON
+  if (data.size() >= 32 && cpu::hasNeon()) return neon::combine(operation, data, mask, position, result);
+#endif
   scalar::combine(operation, data, mask, position, result);
 }
 

@@ -49,5 +49,12 @@ void combine(Operation operation, ByteView data, RepeatingMask mask, std::size_t
              std::uint8_t* result) noexcept;
 }  // namespace avx2
 #endif
+#ifdef WIDE_NEON
+namespace neon {
+/// The twin of `scalar::combine` for CPUs with NEON.
+void combine(Operation operation, ByteView data, RepeatingMask mask, std::size_t position,
+             std::uint8_t* result) noexcept;
+}  // namespace neon
+#endif
 
 }  // namespace bitwise

@@ -11,7 +11,17 @@ endif()
 # SANITIZE: what -fsanitize= gets; every target is built with it, and stops at the first finding.
 set(SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined")
 
-if(SANITIZE)
+option(COVERAGE "Count which lines and branches of the plugin's own folders are run" OFF)
+
+# A build that watches itself is not the one that ships.
+set(INSTRUMENTED FALSE)
+if(SANITIZE OR COVERAGE)
+  set(INSTRUMENTED TRUE)
+endif()
+
+if(COVERAGE)
+  set(CMAKE_CXX_FLAGS_RELEASE "-O0")
+elseif(SANITIZE)
   set(CMAKE_CXX_FLAGS_RELEASE "-O1")
 else()
   set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
@@ -49,4 +59,12 @@ if(SANITIZE)
     -fsanitize=${SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -g1)
   target_compile_definitions(compiler_options INTERFACE _GLIBCXX_ASSERTIONS)
   target_link_options(compiler_options INTERFACE -fsanitize=${SANITIZE})
+  if(SANITIZE MATCHES "unsigned-integer-overflow")
+    set(ignored ${PROJECT_SOURCE_DIR}/cmake/integers.ignored)
+    target_compile_options(compiler_options INTERFACE -fsanitize-ignorelist=${ignored})
+  endif()
+endif()
+
+if(COVERAGE)
+  target_link_options(compiler_options INTERFACE --coverage)
 endif()

@@ -3,8 +3,13 @@
 add_library(shipped_options INTERFACE)
 target_link_libraries(shipped_options INTERFACE compiler_options)
 
+# Counted where the plugin's own code is compiled; the tests need no counting.
+if(COVERAGE)
+  target_compile_options(shipped_options INTERFACE --coverage)
+endif()
+
 # Hosts call from threads with small stacks. Sanitizers widen frames, so only the real build is measured.
-if(NOT SANITIZE)
+if(NOT INSTRUMENTED)
   target_compile_options(shipped_options INTERFACE -Wframe-larger-than=8191)
 endif()
 
@@ -15,7 +20,7 @@ if(NOT EMSCRIPTEN)  # where no return address lies in memory, and debug informat
 endif()
 
 # Bounds of library calls. On Windows the checks are in a library that would need one more of the system's.
-if(NOT SANITIZE AND NOT WIN32 AND NOT EMSCRIPTEN)
+if(NOT INSTRUMENTED AND NOT WIN32 AND NOT EMSCRIPTEN)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_GREATER_EQUAL 12)
     target_compile_definitions(shipped_options INTERFACE _FORTIFY_SOURCE=3)
   else()
@@ -36,7 +41,7 @@ function(harden_plugin target)
   elseif(NOT APPLE)
     _harden_shared_object(${target})
   endif()
-  if(NOT SANITIZE AND NOT APPLE)
+  if(NOT INSTRUMENTED AND NOT APPLE)
     _split_debug_information(${target})
   endif()
 endfunction()
@@ -47,7 +52,7 @@ function(_harden_shared_object target)
     -Wl,--version-script=${exports} -Wl,-soname,StringPlugin.so -Wl,--build-id=sha1
     -Wl,-z,relro,-z,now,-z,noexecstack,-z,text -Wl,--gc-sections,--as-needed)
   # Under a sanitizer the program's own runtime has to be the only one.
-  if(NOT SANITIZE)
+  if(NOT INSTRUMENTED)
     target_link_options(${target} PRIVATE -static-libstdc++ -static-libgcc -Wl,-z,defs -Wl,--exclude-libs,ALL)
     target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/plugin/older_glibc.cpp)
   endif()

@@ -17,3 +17,11 @@ function(add_program_test name)
     set_tests_properties(${name} PROPERTIES DISABLED ON)
   endif()
 endfunction()
+
+# add_test_without_neon(NAME): runs the program once more on a 32-bit ARM CPU that traps NEON instructions.
+function(add_test_without_neon name)
+  if(CMAKE_SYSTEM_PROCESSOR STREQUAL "armv7l" AND CMAKE_CROSSCOMPILING_EMULATOR)
+    add_test(NAME ${name}_without_neon COMMAND ${name})
+    set_tests_properties(${name}_without_neon PROPERTIES ENVIRONMENT QEMU_CPU=cortex-a9,neon=off)
+  endif()
+endfunction()

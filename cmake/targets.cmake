@@ -1,8 +1,10 @@
 # The products, and how a folder contributes to them.
 
-# Kernels: the C++ standard library and nothing else.
+include(GNUInstallDirs)
+
+# Kernels: the C++ standard library and nothing else. What they are built with is no concern of those who link them.
 add_library(stringkernels STATIC)
-target_link_libraries(stringkernels PRIVATE shipped_options)
+target_link_libraries(stringkernels PRIVATE $<BUILD_INTERFACE:shipped_options>)
 
 # The bridge to the host, below the methods.
 add_library(hostbridge STATIC)

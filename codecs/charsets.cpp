@@ -20,12 +20,18 @@ std::size_t charsets::encode(Utf16View text, const CharacterSet& set, ByteSpan b
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::encode(text, set, bytes);
 #endif
+#ifdef WIDE_NEON
+  if (cpu::hasNeon()) return neon::encode(text, set, bytes);
+#endif
   return scalar::encode(text, set, bytes);
 }
 
 void charsets::decode(ByteView bytes, const CharacterSet& set, std::span<char16_t> text) noexcept {
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::decode(bytes, set, text);
+#endif
+#ifdef WIDE_NEON
+  if (cpu::hasNeon()) return neon::decode(bytes, set, text);
 #endif
   scalar::decode(bytes, set, text);
 }

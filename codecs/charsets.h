@@ -48,5 +48,11 @@ namespace avx2 {
 void decode(ByteView bytes, const CharacterSet& set, std::span<char16_t> text) noexcept;
 }  // namespace avx2
 #endif
+#ifdef WIDE_NEON
+namespace neon {
+[[nodiscard]] std::size_t encode(Utf16View text, const CharacterSet& set, ByteSpan bytes) noexcept;
+void decode(ByteView bytes, const CharacterSet& set, std::span<char16_t> text) noexcept;
+}  // namespace neon
+#endif
 
 }  // namespace charsets

@@ -36,12 +36,18 @@ std::size_t countEscapes(ByteView text) noexcept {
 #ifdef WIDE_AVX2
   if (isWide(text.size()) && cpu::hasAvx2()) return email_subject::avx2::countEscapes(text);
 #endif
+#ifdef WIDE_NEON
+  if (isWide(text.size()) && cpu::hasNeon()) return email_subject::neon::countEscapes(text);
+#endif
   return email_subject::scalar::countEscapes(text);
 }
 
 std::uint8_t* encodeText(ByteView text, std::uint8_t* out) noexcept {
 #ifdef WIDE_AVX2
   if (isWide(text.size()) && cpu::hasAvx2()) return email_subject::avx2::encode(text, out);
+#endif
+#ifdef WIDE_NEON
+  if (isWide(text.size()) && cpu::hasNeon()) return email_subject::neon::encode(text, out);
 #endif
   return email_subject::scalar::encode(text, out);
 }
@@ -57,6 +63,9 @@ std::uint8_t* append(std::uint8_t* out, const char (&text)[kSize]) noexcept {
 std::size_t email_subject::findNotPlain(ByteView text) noexcept {
 #ifdef WIDE_AVX2
   if (isWide(text.size()) && cpu::hasAvx2()) return avx2::findNotPlain(text);
+#endif
+#ifdef WIDE_NEON
+  if (isWide(text.size()) && cpu::hasNeon()) return neon::findNotPlain(text);
 #endif
   return scalar::findNotPlain(text);
 }

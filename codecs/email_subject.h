@@ -38,5 +38,12 @@ namespace avx2 {
 std::uint8_t* encode(ByteView text, std::uint8_t* out) noexcept;
 }  // namespace avx2
 #endif
+#ifdef WIDE_NEON
+namespace neon {
+[[nodiscard]] std::size_t findNotPlain(ByteView text) noexcept;
+[[nodiscard]] std::size_t countEscapes(ByteView text) noexcept;
+std::uint8_t* encode(ByteView text, std::uint8_t* out) noexcept;
+}  // namespace neon
+#endif
 
 }  // namespace email_subject

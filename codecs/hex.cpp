@@ -24,12 +24,18 @@ void hex::encode(ByteView bytes, ByteSpan digits) noexcept {
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::encode(bytes, digits);
 #endif
+#ifdef WIDE_NEON
+  if (cpu::hasNeon()) return neon::encode(bytes, digits);
+#endif
   scalar::encode(bytes, digits);
 }
 
 void hex::decode(ByteView digits, ByteSpan bytes) noexcept {
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::decode(digits, bytes);
+#endif
+#ifdef WIDE_NEON
+  if (cpu::hasNeon()) return neon::decode(digits, bytes);
 #endif
   scalar::decode(digits, bytes);
 }

@@ -33,5 +33,11 @@ void encode(ByteView bytes, ByteSpan digits) noexcept;
 void decode(ByteView digits, ByteSpan bytes) noexcept;
 }  // namespace avx2
 #endif
+#ifdef WIDE_NEON
+namespace neon {
+void encode(ByteView bytes, ByteSpan digits) noexcept;
+void decode(ByteView digits, ByteSpan bytes) noexcept;
+}  // namespace neon
+#endif
 
 }  // namespace hex

@@ -2,28 +2,12 @@
 #pragma once
 
 #include "codecs/hex_digits_avx2.h"
+#include "codecs/hex_escape_rows.h"
 #include "wide/vectors.h"
 
 #ifdef WIDE_AVX2
 
 namespace avx2 {
-
-/// Four bytes as [character, mark, high digit, low digit] each. For each choice of those that are escaped: the
-/// shuffle that keeps one character, or the other three, of each.
-inline constexpr auto kQuadRows = [] {
-  std::array<std::array<std::uint8_t, 16>, 16> rows{};
-  for (unsigned escaped = 0; escaped < rows.size(); ++escaped) {
-    unsigned kept = 0;
-    for (unsigned quad = 0; quad < 4; ++quad) {
-      const bool isEscaped = (escaped >> quad & 1U) != 0;
-      for (unsigned i = isEscaped ? 1 : 0; i < (isEscaped ? 4U : 1U); ++i) {
-        rows[escaped][kept++] = static_cast<std::uint8_t>(4 * quad + i);
-      }
-    }
-    while (kept < 16) rows[escaped][kept++] = 0x80;
-  }
-  return rows;
-}();
 
 /// Writes what four bytes show as, and what is left over behind it.
 /// @param escaped  which of the four are escaped, a bit each, moved one up

@@ -49,5 +49,8 @@ std::size_t mysql::decode(ByteView text, ByteSpan bytes) noexcept {
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::decode(text, bytes);
 #endif
+#ifdef WIDE_NEON
+  if (cpu::hasNeon()) return neon::decode(text, bytes);
+#endif
   return scalar::decode(text, bytes);
 }

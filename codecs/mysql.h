@@ -53,5 +53,10 @@ namespace avx2 {
 [[nodiscard]] std::size_t decode(ByteView text, ByteSpan bytes) noexcept;
 }
 #endif
+#ifdef WIDE_NEON
+namespace neon {
+[[nodiscard]] std::size_t decode(ByteView text, ByteSpan bytes) noexcept;
+}
+#endif
 
 }  // namespace mysql

@@ -3,50 +3,16 @@
 
 #ifdef WIDE_AVX2
 
-#include <array>
-
 #include "codecs/escape_pairs.h"
+#include "codecs/mysql_escapes.h"
 #include "wide/compaction.h"
 #include "wide/partial_vector.h"
 #include "wide/vectors.h"
 
 namespace {
 
+using mysql::kEscapes;
 using wide::kVector;
-
-constexpr unsigned kHashOffset = 15;
-
-/// Tells the eleven bytes that can follow a backslash in an escape apart.
-constexpr unsigned hashOf(unsigned byte) noexcept {
-  const unsigned moved = (byte + kHashOffset) & 0xFF;
-  return (moved ^ moved >> 4) & 0x0F;
-}
-
-/// By hash: the byte that can follow a backslash, and what the two stand for.
-struct Escapes {
-  std::array<std::uint8_t, 16> second{};
-  std::array<std::uint8_t, 16> meant{};
-};
-
-constexpr Escapes kEscapes = [] {
-  Escapes escapes;
-  escapes.second[hashOf(0)] = 1;  // so that the zeros in free slots are found nowhere either
-  for (unsigned byte = 0; byte < 256; ++byte) {
-    const int meant = mysql::unescaped(static_cast<std::uint8_t>(byte));
-    if (meant < 0) continue;
-    escapes.second[hashOf(byte)] = static_cast<std::uint8_t>(byte);
-    escapes.meant[hashOf(byte)] = static_cast<std::uint8_t>(meant);
-  }
-  return escapes;
-}();
-
-static_assert([] {
-  for (unsigned byte = 0; byte < 256; ++byte) {
-    const bool found = kEscapes.second[hashOf(byte)] == byte;
-    if (found != (mysql::unescaped(static_cast<std::uint8_t>(byte)) >= 0)) return false;
-  }
-  return true;
-}());
 
 AVX2_FUNCTION inline __m256i lookedUp(const std::array<std::uint8_t, 16>& table, __m256i slots) noexcept {
   const __m128i row = _mm_loadu_si128(reinterpret_cast<const __m128i*>(table.data()));
@@ -67,7 +33,7 @@ struct Block {
 /// @param following  the byte behind the text, or zero at the end
 AVX2_FUNCTION inline Block unescapedBlock(__m256i text, EscapePairs<std::uint32_t> pairs,
                                           std::uint8_t following) noexcept {
-  const __m256i moved = _mm256_add_epi8(text, wide::all(kHashOffset));
+  const __m256i moved = _mm256_add_epi8(text, wide::all(mysql::kHashOffset));
   const __m256i mixed = _mm256_xor_si256(moved, _mm256_srli_epi16(moved, 4));
   const __m256i slots = _mm256_and_si256(mixed, wide::all(0x0F));
   const __m256i escapable = _mm256_cmpeq_epi8(lookedUp(kEscapes.second, slots), text);

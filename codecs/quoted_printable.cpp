@@ -46,12 +46,18 @@ std::size_t quoted_printable::decode(ByteView text, ByteSpan bytes) noexcept {
 #ifdef WIDE_AVX2
   if (text.size() >= kWideFrom && cpu::hasAvx2()) return avx2::decode(text, bytes);
 #endif
+#ifdef WIDE_NEON
+  if (text.size() >= kWideFrom && cpu::hasNeon()) return neon::decode(text, bytes);
+#endif
   return scalar::decode(text, bytes);
 }
 
 quoted_printable::Progress quoted_printable::escape(ByteView bytes, std::size_t limit, std::uint8_t* out) noexcept {
 #ifdef WIDE_AVX2
   if (bytes.size() >= kWideFrom && cpu::hasAvx2()) return avx2::escape(bytes, limit, out);
+#endif
+#ifdef WIDE_NEON
+  if (bytes.size() >= kWideFrom && cpu::hasNeon()) return neon::escape(bytes, limit, out);
 #endif
   return scalar::escape(bytes, limit, out);
 }

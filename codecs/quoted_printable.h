@@ -65,5 +65,11 @@ namespace avx2 {
 [[nodiscard]] std::size_t decode(ByteView text, ByteSpan bytes) noexcept;
 }  // namespace avx2
 #endif
+#ifdef WIDE_NEON
+namespace neon {
+[[nodiscard]] Progress escape(ByteView bytes, std::size_t limit, std::uint8_t* out) noexcept;
+[[nodiscard]] std::size_t decode(ByteView text, ByteSpan bytes) noexcept;
+}  // namespace neon
+#endif
 
 }  // namespace quoted_printable

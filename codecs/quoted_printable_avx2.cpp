@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "codecs/hex_escapes_avx2.h"
+#include "codecs/quoted_printable_layout.h"
 #include "wide/compaction.h"
 
 namespace {
@@ -23,26 +24,6 @@ AVX2_FUNCTION inline __m256i equal(__m256i bytes, std::uint8_t byte) noexcept {
 AVX2_FUNCTION inline std::uint32_t notLiteral(__m256i bytes) noexcept {
   const __m256i control = _mm256_andnot_si256(equal(bytes, '\t'), _mm256_cmpgt_epi8(all(0x20), bytes));  // or >= 0x80
   return bits(_mm256_or_si256(control, _mm256_or_si256(equal(bytes, '='), equal(bytes, 0x7F))));
-}
-
-/// What stands in a vector of quoted-printable text, a bit for each byte.
-struct Layout {
-  std::uint32_t dropped;  ///< bytes that yield nothing
-  std::uint32_t odd;      ///< starts of what needs a closer look, and of what may go on beyond the vector
-};
-
-/// @param marks   the positions of "="
-/// @param digits  the positions of hexadecimal digits
-AVX2_FUNCTION inline Layout layoutOf(std::uint32_t marks, std::uint32_t returns, std::uint32_t feeds,
-                                     std::uint32_t digits) noexcept {
-  const std::uint32_t escapes = marks & digits >> 1 & digits >> 2;
-  const std::uint32_t softBreaks = marks & (returns | feeds) >> 1;
-  const std::uint32_t secondFeeds = feeds & returns << 1;  // of CR LF
-  const std::uint32_t loneFeeds = feeds & ~secondFeeds;
-  const std::uint32_t reversedPairs = (loneFeeds & returns >> 1) | (marks & feeds >> 1 & returns >> 2);  // LF CR
-  const std::uint32_t open = (marks & 1U << 30) | ((returns | loneFeeds) & 1U << 31);
-  return {.dropped = escapes << 1 | escapes << 2 | softBreaks | softBreaks << 1 | secondFeeds,
-          .odd = (marks & ~(escapes | softBreaks)) | reversedPairs | open};
 }
 
 /// Each byte read together with the one after it as two digits; what isn't one counts as 0.

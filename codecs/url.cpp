@@ -52,12 +52,18 @@ std::size_t url::encode(ByteView bytes, Options options, ByteSpan text) noexcept
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::encode(bytes, options, text);
 #endif
+#ifdef WIDE_NEON
+  if (cpu::hasNeon()) return neon::encode(bytes, options, text);
+#endif
   return scalar::encode(bytes, options, text);
 }
 
 std::size_t url::decode(ByteView text, Options options, ByteSpan bytes) noexcept {
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::decode(text, options, bytes);
+#endif
+#ifdef WIDE_NEON
+  if (cpu::hasNeon()) return neon::decode(text, options, bytes);
 #endif
   return scalar::decode(text, options, bytes);
 }

@@ -63,5 +63,11 @@ namespace avx2 {
 [[nodiscard]] std::size_t decode(ByteView text, Options options, ByteSpan bytes) noexcept;
 }  // namespace avx2
 #endif
+#ifdef WIDE_NEON
+namespace neon {
+[[nodiscard]] std::size_t encode(ByteView bytes, Options options, ByteSpan text) noexcept;
+[[nodiscard]] std::size_t decode(ByteView text, Options options, ByteSpan bytes) noexcept;
+}  // namespace neon
+#endif
 
 }  // namespace url

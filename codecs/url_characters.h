@@ -42,8 +42,9 @@ struct Characters {
   if (options.writesSpaceAsPlus()) characters.written[' '] = literal('+');
   if (options.escapesPlus()) characters.written['+'] = hexEscape('+', kEscape);
   for (std::size_t byte = 0; byte < escapechars.size(); ++byte) {
+    if (characters.written[byte].length != 1) continue;
     std::uint8_t& row = characters.literalRows[byte & 15];
-    if (characters.written[byte].length == 1) row = static_cast<std::uint8_t>(row | 1U << (byte >> 4));
+    row = static_cast<std::uint8_t>(row | 1U << (byte >> 4));
   }
   return characters;
 }

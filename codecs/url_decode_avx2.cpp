@@ -4,6 +4,7 @@
 #ifdef WIDE_AVX2
 
 #include "codecs/hex_digits_avx2.h"
+#include "codecs/url_escape_starts.h"
 #include "wide/compaction.h"
 #include "wide/partial_vector.h"
 #include "wide/vectors.h"
@@ -13,23 +14,6 @@ namespace {
 using wide::all;
 using wide::kVector;
 using wide::load;
-
-constexpr unsigned kEscapeSize = 3;
-
-/// Of the "%" among 32 bytes, a bit each, those that begin an escape: from the left, one among the two characters of
-/// an escape doesn't.
-constexpr std::uint32_t escapeStarts(std::uint32_t marks) noexcept {
-  if ((marks & (marks << 1 | marks << 2)) == 0) return marks;
-  std::uint32_t starts = 0;
-  while (marks != 0) {
-    const std::uint32_t first = marks & (0 - marks);
-    starts |= first;
-    marks &= ~(first * 0b111);
-  }
-  return starts;
-}
-
-static_assert(escapeStarts(0b0100'1001) == 0b0100'1001 && escapeStarts(0b1001'1111) == 0b1000'1001);
 
 /// Bytes from one position of the text on, and from the two after it.
 struct Text {
@@ -58,9 +42,6 @@ AVX2_FUNCTION inline __m256i decoded(const Text& text, __m256i plus, std::uint32
   const __m256i values = _mm256_or_si256(high, avx2::hexValues(text.third));
   return _mm256_blendv_epi8(withSpaces(text.bytes, plus), values, wide::bytesOfBits(starts));
 }
-
-/// The bytes that belong to the "%" before them, those of the next vector included.
-constexpr std::uint64_t digitsOf(std::uint32_t starts) noexcept { return std::uint64_t{starts} * 0b110; }
 
 }  // namespace
 

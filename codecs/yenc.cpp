@@ -25,6 +25,9 @@ std::size_t yenc::decode(ByteView data, ByteSpan bytes) noexcept {
 #ifdef WIDE_AVX2
   if (data.size() >= kAvx2From && cpu::hasAvx2()) return avx2::decode(data, bytes);
 #endif
+#ifdef WIDE_NEON
+  if (data.size() >= kAvx2From && cpu::hasNeon()) return neon::decode(data, bytes);
+#endif
   return scalar::decode(data, bytes);
 }
 

@@ -26,6 +26,11 @@ namespace avx2 {
 [[nodiscard]] std::size_t decode(ByteView data, ByteSpan bytes) noexcept;
 }
 #endif
+#ifdef WIDE_NEON
+namespace neon {
+[[nodiscard]] std::size_t decode(ByteView data, ByteSpan bytes) noexcept;
+}
+#endif
 
 #ifdef WIDE_AVX512
 namespace avx512 {

@@ -42,12 +42,18 @@ bool encoding_need::forHtml(Utf32View text) noexcept {
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::forHtml(text);
 #endif
+#ifdef WIDE_NEON
+  if (cpu::hasNeon()) return neon::forHtml(text);
+#endif
   return scalar::forHtml(text);
 }
 
 bool encoding_need::forXml(Utf32View text) noexcept {
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::forXml(text);
+#endif
+#ifdef WIDE_NEON
+  if (cpu::hasNeon()) return neon::forXml(text);
 #endif
   return scalar::forXml(text);
 }

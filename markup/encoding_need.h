@@ -25,5 +25,11 @@ namespace avx2 {
 [[nodiscard]] bool forXml(Utf32View text) noexcept;
 }  // namespace avx2
 #endif
+#ifdef WIDE_NEON
+namespace neon {
+[[nodiscard]] bool forHtml(Utf32View text) noexcept;
+[[nodiscard]] bool forXml(Utf32View text) noexcept;
+}  // namespace neon
+#endif
 
 }  // namespace encoding_need

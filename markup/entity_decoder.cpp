@@ -57,12 +57,18 @@ bool entity_decoder::mayHaveReferences(Utf32View text) noexcept {
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::mayHaveReferences(text);
 #endif
+#ifdef WIDE_NEON
+  if (cpu::hasNeon()) return neon::mayHaveReferences(text);
+#endif
   return scalar::mayHaveReferences(text);
 }
 
 std::size_t entity_decoder::decode(Utf32View text, std::span<char32_t> decoded) noexcept {
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::decode(text, decoded);
+#endif
+#ifdef WIDE_NEON
+  if (cpu::hasNeon()) return neon::decode(text, decoded);
 #endif
   return scalar::decode(text, decoded);
 }

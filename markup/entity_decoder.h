@@ -30,5 +30,11 @@ namespace avx2 {
 [[nodiscard]] std::size_t decode(Utf32View text, std::span<char32_t> decoded) noexcept;
 }  // namespace avx2
 #endif
+#ifdef WIDE_NEON
+namespace neon {
+[[nodiscard]] bool mayHaveReferences(Utf32View text) noexcept;
+[[nodiscard]] std::size_t decode(Utf32View text, std::span<char32_t> decoded) noexcept;
+}  // namespace neon
+#endif
 
 }  // namespace entity_decoder

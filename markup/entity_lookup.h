@@ -1,6 +1,7 @@
 /// Lookups in the entity table: linear scans of its columns, in table order.
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 
@@ -8,6 +9,9 @@
 #include "wide/cpu.h"
 #ifdef WIDE_AVX2
 #include <immintrin.h>
+#endif
+#ifdef WIDE_NEON
+#include "wide/neon.h"
 #endif
 
 namespace entities {
@@ -77,6 +81,38 @@ namespace avx2 {
 }
 
 }  // namespace avx2
+#endif
+
+#ifdef WIDE_NEON
+namespace neon {
+
+[[nodiscard]] NEON_FUNCTION inline std::size_t positionOf(std::uint32_t code) noexcept {
+  const std::size_t step = stepOf(code);
+  const uint16x8_t wanted = vdupq_n_u16(static_cast<std::uint16_t>(code));
+  const uint16x8_t low = vcltq_u16(vld1q_u16(&kCodes[step]), wanted);
+  const uint16x8_t high = vcltq_u16(vld1q_u16(&kCodes[step + 8]), wanted);
+  return step + static_cast<std::size_t>(std::countr_one(wide::bits(vcombine_u8(vmovn_u16(low), vmovn_u16(high)))));
+}
+
+/// Two names that are equal to the wanted one, the halves of a name by themselves.
+[[nodiscard]] NEON_FUNCTION inline uint32x4_t equalHalves(std::size_t position, uint32x4_t wanted) noexcept {
+  return vceqq_u32(vreinterpretq_u32_u64(vld1q_u64(&kNames[position])), wanted);
+}
+
+[[nodiscard]] NEON_FUNCTION inline std::uint32_t codeOf(PackedName name) noexcept {
+  const uint32x4_t wanted = vreinterpretq_u32_u64(vdupq_n_u64(name));
+  for (std::size_t i = 0; i < kColumnSize; i += 8) {
+    // Each half of a name becomes a byte; both have to be equal.
+    const uint16x8_t front = vcombine_u16(vmovn_u32(equalHalves(i, wanted)), vmovn_u32(equalHalves(i + 2, wanted)));
+    const uint16x8_t back = vcombine_u16(vmovn_u32(equalHalves(i + 4, wanted)), vmovn_u32(equalHalves(i + 6, wanted)));
+    const uint8x16_t halves = vcombine_u8(vmovn_u16(front), vmovn_u16(back));
+    const uint8x16_t equal = vandq_u8(halves, vrev16q_u8(halves));
+    if (wide::any(equal)) return kCodes[i + static_cast<std::size_t>(std::countr_zero(wide::bits(equal))) / 2];
+  }
+  return 0;
+}
+
+}  // namespace neon
 #endif
 
 }  // namespace entities

@@ -57,5 +57,8 @@ bool html::encode(Utf32View text, Markup markup, OutputBuffer& ascii) noexcept {
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::encode(text, markup, ascii);
 #endif
+#ifdef WIDE_NEON
+  if (cpu::hasNeon()) return neon::encode(text, markup, ascii);
+#endif
   return scalar::encode(text, markup, ascii);
 }

@@ -25,5 +25,10 @@ namespace avx2 {
 [[nodiscard]] bool encode(Utf32View text, Markup markup, OutputBuffer& ascii) noexcept;
 }  // namespace avx2
 #endif
+#ifdef WIDE_NEON
+namespace neon {
+[[nodiscard]] bool encode(Utf32View text, Markup markup, OutputBuffer& ascii) noexcept;
+}  // namespace neon
+#endif
 
 }  // namespace html

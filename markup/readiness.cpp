@@ -33,5 +33,8 @@ bool readiness::isReady(ByteView bytes) noexcept {
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::isReady(bytes);
 #endif
+#ifdef WIDE_NEON
+  if (cpu::hasNeon()) return neon::isReady(bytes);
+#endif
   return scalar::isReady(bytes);
 }

@@ -18,5 +18,10 @@ namespace avx2 {
 [[nodiscard]] bool isReady(ByteView bytes) noexcept;
 }
 #endif
+#ifdef WIDE_NEON
+namespace neon {
+[[nodiscard]] bool isReady(ByteView bytes) noexcept;
+}
+#endif
 
 }  // namespace readiness

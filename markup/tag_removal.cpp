@@ -92,12 +92,18 @@ std::size_t tags::remove(ByteView text, ByteSpan kept) noexcept {
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::remove(text, kept);
 #endif
+#ifdef WIDE_NEON
+  if (cpu::hasNeon()) return neon::remove(text, kept);
+#endif
   return scalar::remove(text, kept);
 }
 
 std::int64_t tags::replacedSize(ByteView text, ByteView replacement) noexcept {
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::replacedSize(text, replacement);
+#endif
+#ifdef WIDE_NEON
+  if (cpu::hasNeon()) return neon::replacedSize(text, replacement);
 #endif
   return scalar::replacedSize(text, replacement);
 }

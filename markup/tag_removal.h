@@ -36,5 +36,11 @@ namespace avx2 {
 [[nodiscard]] std::int64_t replacedSize(ByteView text, ByteView replacement) noexcept;
 }  // namespace avx2
 #endif
+#ifdef WIDE_NEON
+namespace neon {
+[[nodiscard]] std::size_t remove(ByteView text, ByteSpan kept) noexcept;
+[[nodiscard]] std::int64_t replacedSize(ByteView text, ByteView replacement) noexcept;
+}  // namespace neon
+#endif
 
 }  // namespace tags

@@ -50,5 +50,8 @@ bool xml::encode(Utf32View text, Apostrophe apostrophe, OutputBuffer& codePoints
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::encode(text, apostrophe, codePoints);
 #endif
+#ifdef WIDE_NEON
+  if (cpu::hasNeon()) return neon::encode(text, apostrophe, codePoints);
+#endif
   return scalar::encode(text, apostrophe, codePoints);
 }

@@ -22,7 +22,9 @@ packages() {
     linux-armhf) echo g++-arm-linux-gnueabihf qemu-user ;;
     windows-x64) echo g++-mingw-w64-x86-64-posix wine wine64 ;;
     windows-x86) echo g++-mingw-w64-i686-posix wine wine64 ;;
-    asan) echo clang llvm libclang-rt-dev ;;
+    asan | tsan | integers) echo clang llvm libclang-rt-dev ;;
+    memcheck) echo valgrind libc6-dbg ;;
+    coverage) echo gcovr qemu-user ;;
   esac
 }
 

@@ -3,6 +3,8 @@
 site_packages=(emscripten python3 libmd4c-html0)
 site_check_packages=(chromium chromium-driver python3-selenium)
 
+slow_checks+=(site)
+
 # Debian's own, which sees the modules that Debian installs.
 site_python() { PYTHONDONTWRITEBYTECODE=1 "$(command -v /usr/bin/python3 || command -v python3)" "$@"; }
 

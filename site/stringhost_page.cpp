@@ -35,14 +35,14 @@ Reply* reply(int status, int wrongArgument, std::string printed, std::string com
   return &reply;
 }
 
-/// Runs what follows the program's name, as in a terminal.
-Reply* run(std::vector<std::string> words) {
+/// Runs what follows the program's name.
+Reply* run(std::vector<std::string> words, bool terminal) {
   words.insert(words.begin(), {"--plugin", "StringPlugin"});
   std::istringstream in;
   std::ostringstream out;
   std::ostringstream err;
   int wrongArgument = 0;
-  const int status = stringhost::run(words, in, out, err, true, false, &wrongArgument);
+  const int status = stringhost::run(words, in, out, err, terminal, false, &wrongArgument);
   return reply(status, wrongArgument, out.str(), err.str());
 }
 
@@ -60,7 +60,7 @@ Reply* run_words(const char* packed, std::uint32_t size) {
     words.emplace_back(all.substr(at + sizeof length, length));
     at += sizeof length + length;
   }
-  return run(std::move(words));
+  return run(std::move(words), false);
 }
 
 /// Runs a line as it would be typed into a shell.
@@ -71,6 +71,6 @@ Reply* run_line(const char* line, std::uint32_t size) {
     return reply(stringhost::kUsage, 0, {}, "not a command line of stringhost\n");
   }
   words->erase(words->begin());
-  return run(std::move(*words));
+  return run(std::move(*words), true);
 }
 }

@@ -17,7 +17,7 @@ PluginLibrary::~PluginLibrary() = default;
 
 HostEntry PluginLibrary::function(const char* name) const {
   if (std::strcmp(name, "REALPluginMain") == 0) return reinterpret_cast<HostEntry>(&REALPluginMain);
-  throw std::runtime_error(file_.string() + " exports no " + name);
+  throw std::runtime_error(file_.string() + ": exports no " + name);
 }
 
 }  // namespace standin

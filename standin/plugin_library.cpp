@@ -5,6 +5,8 @@
 #include <string>
 #include <system_error>
 
+#include "standin/library_file.h"
+
 #if defined(_WIN32)
 #include <windows.h>
 #else
@@ -46,8 +48,10 @@ constexpr bool kLoadedFilesCanBeDeleted = true;
 unsigned long processId() { return static_cast<unsigned long>(getpid()); }
 
 void* open(const fs::path& file, std::string& error) {
-  void* handle = dlopen(fs::absolute(file).c_str(), RTLD_NOW | RTLD_LOCAL);
+  const std::string path = fs::absolute(file).string();
+  void* handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
   if (handle == nullptr) error = dlerror();
+  if (error.starts_with(path + ": ")) error.erase(0, path.size() + 2);  // the caller names the file
   return handle;
 }
 
@@ -67,14 +71,18 @@ fs::path freshName(const fs::path& file) {
 }  // namespace
 
 PluginLibrary::PluginLibrary(const fs::path& file, How how) : file_(file) {
-  std::error_code failure;
-  if (!fs::is_regular_file(file, failure)) throw std::runtime_error(file.string() + ": no such file");
+  try {
+    checkLibraryFile(file);
+  } catch (const std::runtime_error& reason) {
+    throw std::runtime_error(file.string() + ": " + reason.what());
+  }
   fs::path loaded = file;
   if (how == How::kFreshCopy) {
     loaded = copy_ = freshName(file);
     fs::copy_file(file, copy_);
   }
   std::string error;
+  std::error_code failure;
   handle_ = open(loaded, error);
   if (!copy_.empty() && (kLoadedFilesCanBeDeleted || handle_ == nullptr)) fs::remove(copy_, failure);
   if (handle_ == nullptr) throw std::runtime_error(file.string() + ": " + error);
@@ -88,7 +96,7 @@ PluginLibrary::~PluginLibrary() {
 
 HostEntry PluginLibrary::function(const char* name) const {
   void* const address = find(handle_, name);
-  if (address == nullptr) throw std::runtime_error(file_.string() + " exports no " + name);
+  if (address == nullptr) throw std::runtime_error(file_.string() + ": exports no " + name);
   HostEntry entry;
   static_assert(sizeof entry == sizeof address);
   __builtin_memcpy(&entry, &address, sizeof entry);

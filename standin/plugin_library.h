@@ -14,7 +14,7 @@ class PluginLibrary {
     kFreshCopy,  ///< a temporary copy, so that all of its variables are at their initial values
   };
 
-  /// Throws `std::runtime_error` where the file is missing or no library of this platform.
+  /// Throws `std::runtime_error` where the file is missing, no library of this platform, or cut short.
   PluginLibrary(const std::filesystem::path& file, How how);
   ~PluginLibrary();
   PluginLibrary(const PluginLibrary&) = delete;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -14,6 +15,7 @@
 #include <utility>
 
 #include "standin/transcode.h"
+#include "stringhost/nearest.h"
 #include "stringhost/numbers.h"
 #include "stringhost/usage_error.h"
 
@@ -36,10 +38,16 @@ constexpr std::uintmax_t kMostBytes = std::numeric_limits<std::int32_t>::max();
   throw UsageError(name + ": more than " + std::to_string(kMostBytes) + " bytes, which is all a string can hold");
 }
 
+/// With the reason, where the system gave one.
+[[noreturn]] void refuseReading(const std::string& name) {
+  throw UsageError(name + ": cannot be read" + (errno != 0 ? ": " + std::generic_category().message(errno) : ""));
+}
+
 /// Reads to the end, or refuses what is longer than a string can be as soon as that is seen.
 /// @param expected  how many bytes there probably are, so that they are moved about less
 std::string readAll(std::istream& in, const std::string& name, std::size_t expected = 0) {
   constexpr std::size_t kBlock = std::size_t{1} << 20;
+  errno = 0;
   const auto block = std::make_unique<char[]>(kBlock);
   std::string bytes;
   bytes.reserve(expected);
@@ -48,20 +56,22 @@ std::string readAll(std::istream& in, const std::string& name, std::size_t expec
     if (count > kMostBytes - bytes.size()) refuseLength(name);
     bytes.append(block.get(), count);
   }
+  if (in.bad()) refuseReading(name);
   return bytes;
 }
 
 std::string readFile(const std::string& name) {
+  if (name.empty()) throw UsageError("@: the name of the file is empty");
   const std::filesystem::path path(std::u8string(name.begin(), name.end()));
   std::error_code failure;
   if (std::filesystem::is_directory(path, failure)) throw UsageError(name + ": is a directory");
   const bool isSized = std::filesystem::is_regular_file(path, failure);
   const std::uintmax_t size = isSized ? std::filesystem::file_size(path, failure) : 0;
   if (isSized && !failure && size > kMostBytes) refuseLength(name);
+  errno = 0;
   std::ifstream file(path, std::ios::binary);
-  std::string bytes = readAll(file, name, failure ? 0 : static_cast<std::size_t>(size));
-  if (!file.is_open() || file.bad()) throw UsageError(name + ": cannot be read");
-  return bytes;
+  if (!file.is_open()) refuseReading(name);
+  return readAll(file, name, failure ? 0 : static_cast<std::size_t>(size));
 }
 
 int digitValue(char c) {
@@ -110,18 +120,26 @@ standin::Block parseBlock(const std::string& written, const Source& source) {
   return content ? standin::Block{std::move(content->bytes), false} : standin::nilBlock();
 }
 
-std::optional<bool> parseBoolean(std::string written) {
-  for (char& c : written) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  if (written == "true" || written == "1") return true;
-  if (written == "false" || written == "0") return false;
-  return std::nullopt;
+[[noreturn]] void refuseValue(const std::string& written, const standin::Parameter& parameter, const char* what) {
+  throw UsageError("'" + written + "' is not " + what + ", as " + parameter.name + " has to be");
 }
 
-template <typename Parsed>
-Argument need(const std::optional<Parsed>& parsed, const std::string& written, const standin::Parameter& parameter,
-              const char* what) {
-  if (parsed) return *parsed;
-  throw UsageError("'" + written + "' is no " + what + ", as " + parameter.name + " has to be");
+template <typename Number>
+Number parseNumber(const std::string& written, const standin::Parameter& parameter, const char* what) {
+  Number number{};
+  const char* const last = written.data() + written.size();
+  const auto [end, error] = numbers::read(written.data(), last, number);
+  if (end != last || error == std::errc::invalid_argument) refuseValue(written, parameter, what);
+  if (error == std::errc::result_out_of_range) {
+    throw UsageError("'" + written + "' is out of range for " + parameter.name + ", " + what);
+  }
+  return number;
+}
+
+bool parseBoolean(const std::string& written, const standin::Parameter& parameter) {
+  if (isSameName(written, "true") || written == "1") return true;
+  if (isSameName(written, "false") || written == "0") return false;
+  refuseValue(written, parameter, "true or false");
 }
 
 Argument parseArgument(const standin::Parameter& parameter, const std::string& written, const Source& source) {
@@ -131,13 +149,13 @@ Argument parseArgument(const standin::Parameter& parameter, const std::string& w
     case Type::kMemoryBlock:
       return parseBlock(written, source);
     case Type::kInteger:
-      return need(numbers::parse<std::int32_t>(written), written, parameter, "integer of 32 bits");
+      return parseNumber<std::int32_t>(written, parameter, "an integer of 32 bits");
     case Type::kDouble:
-      return need(numbers::parse<double>(written), written, parameter, "number");
+      return parseNumber<double>(written, parameter, "a double");
     case Type::kBoolean:
       break;
   }
-  return need(parseBoolean(written), written, parameter, "boolean (true or false)");
+  return parseBoolean(written, parameter);
 }
 
 }  // namespace
@@ -150,7 +168,8 @@ const char* const kArgumentHelp = R"(An argument for a string or a memory block 
   -           the bytes of standard input
   ''          the null string, or the nil block
   nil         the nil block, where a memory block is expected
-Text is converted to the encoding of --encoding, bytes are only marked with it.
+Text is converted to the encoding of --encoding, where what it has no character for
+becomes "?"; bytes are only marked with it.
 For an integer, a double or a boolean it is a number, or true or false. Arguments
 left out at the end take the defaults the method declares. After -- everything is
 an argument; a negative number always is.)";

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cstdint>
 #include <system_error>
 #include <utility>
 
@@ -53,7 +54,7 @@ std::vector<std::string> shielded(const std::vector<std::string>& words) {
       const bool takesValue = !contains(kFlags, word) && word.find('=') == std::string::npos;
       if (takesValue && index + 1 < words.size()) result.push_back(words[++index]);
     } else if (!hasCommand) {
-      if (!contains(kCommands, word)) throw UsageError("no such command: " + word, hintFor(word, kCommands));
+      if (!contains(kCommands, word)) refuseUnknown("command", word, kCommands, "stringhost --help shows them");
       result.push_back(word);
       hasCommand = true;
     } else {
@@ -78,16 +79,17 @@ auto valueNamed(const Table& table, const std::string& name, const std::string& 
     names.emplace_back(known);
     all += (all.empty() ? "" : ", ") + names.back();
   }
-  const std::string hint = hintFor(name, names);
-  throw UsageError("no such " + what + ": " + name, hint.empty() ? "there are " + all : hint);
+  refuseUnknown(what, name, names, "there are " + all);
 }
 
 /// Refuses what is no number of that range.
 template <typename Number>
-CLI::Validator checked(Number least, Number most, const char* what) {
+CLI::Validator checked(Number least, Number most, const std::string& what) {
   const auto check = [=](const std::string& word) -> std::string {
     const auto number = numbers::parse<Number>(word);
-    return number && *number >= least && *number <= most ? std::string() : "'" + word + "' is no " + what;
+    if (number && *number >= least && *number <= most) return {};
+    return "'" + word + "' is no " + what + " (" + std::to_string(static_cast<std::int64_t>(least)) + " to " +
+           std::to_string(static_cast<std::int64_t>(most)) + ")";
   };
   return CLI::Validator(check, "");
 }
@@ -95,8 +97,7 @@ CLI::Validator checked(Number least, Number most, const char* what) {
 void checkServices(const std::vector<std::string>& services) {
   for (const std::string& name : services) {
     if (standin::serviceNamed(name)) continue;
-    throw UsageError("no such service: " + name,
-                     hintFor(name, {standin::kServiceNames.begin(), standin::kServiceNames.end()}));
+    refuseUnknown("service", name, {standin::kServiceNames.begin(), standin::kServiceNames.end()});
   }
 }
 
@@ -136,6 +137,7 @@ class Parser {
       throw UsageError(unshielded(error.what()), "stringhost --help says more");
     }
     if (line_.reply) return;
+    if (line_.plugin && line_.plugin->empty()) throw UsageError("--plugin: the name of the file is empty");
     if (list_->parsed()) line_.command = CommandLine::Command::kList;
     if (call_->parsed()) takeCall(CommandLine::Command::kCall);
     if (explain_->parsed()) takeCall(CommandLine::Command::kExplain);
@@ -171,7 +173,7 @@ class Parser {
   void addHelp() {
     help_ = app_.add_subcommand("help", "Show what the reference says about a method")->fallthrough();
     help_->add_option("METHOD", line_.method, "Its name; without it, this program is explained")->type_name("");
-    help_->add_flag("--json", line_.asJson, "As JSON: name, declarations, text (Markdown)");
+    help_->add_flag("--json", line_.asJson, "As JSON: name, declarations, text (Markdown); without METHOD of all");
   }
 
   void addMethodAndHost(CLI::App& command) {
@@ -200,10 +202,15 @@ The result goes to standard output: into a file or a pipe byte for byte; to a
 terminal with a line break, and what is not printable text as hex:…. An empty
 result and a nil block print nothing. A json result has the fields type, value
 (text where it is text, else null), hex, encoding, null, same_argument (the number
-of the argument that was itself handed back) and exception (class, message, number).
+of the argument that was itself handed back), exception (class, message, number),
+and with --repeat timing.
 
-Exit status: 0 done, 1 the method raised an exception, 2 wrong usage, 3 the plugin
-leaked or broke another rule of the host.)";
+Without a service that takes or drops references they cannot balance, which is then
+not held against the plugin.
+
+Exit status: 0 done, 1 the method raised an exception, 2 wrong usage, a file that
+cannot be read or written, or not enough memory, 3 the plugin leaked or broke
+another rule of the host.)";
   }
 
   std::string help() {
@@ -215,15 +222,14 @@ leaked or broke another rule of the host.)";
 
   [[noreturn]] void refuseExtras() {
     const std::string first = app_.remaining(true).front();
-    if (isOption(first))
-      throw UsageError("no such option: " + first, hintFor(first.substr(0, first.find('=')), kOptions));
+    if (isOption(first)) refuseUnknown("option", first.substr(0, first.find('=')), kOptions);
     throw UsageError("one argument too many: " + unshielded(first));
   }
 
   void takeHelp() {
     line_.command = CommandLine::Command::kHelp;
     line_.method = unshielded(line_.method);
-    if (line_.method.empty()) line_.reply = parseCommandLine({"--help"}).reply;
+    if (line_.method.empty() && !line_.asJson) line_.reply = parseCommandLine({"--help"}).reply;
     if (contains(kCommands, line_.method)) line_.reply = parseCommandLine({line_.method, "--help"}).reply;
   }
 

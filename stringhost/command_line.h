@@ -14,20 +14,20 @@ struct CommandLine {
   enum class Command { kNone, kList, kCall, kExplain, kHelp, kTour };
 
   Command command = Command::kNone;
-  std::optional<std::string> reply;  ///< what --help or --version answer; nothing else is to be done then
-  std::string plugin;                ///< empty: the one built beside this program
+  std::optional<std::string> reply;   ///< what --help or --version answer; nothing else is to be done then
+  std::optional<std::string> plugin;  ///< none: the one built beside this program
 
   bool asJson = false;
 
   std::string pattern;  ///< of list
 
-  std::string method;  ///< of call, explain and help
+  std::string method;  ///< of call, explain and help; empty: all of the reference
   std::vector<std::string> arguments;
   double hostVersion = 0;
   TextEncoding encoding = kEncodingUTF8;
   std::vector<std::string> without;
   Form output = Form::kText;
-  int repeat = 1;
+  std::optional<int> repeat;  ///< how often; none: once, and not timed
 };
 
 /// Throws `UsageError`.

@@ -111,9 +111,9 @@ std::string resultLine(const standin::Outcome& outcome) {
 }  // namespace
 
 void explain(std::ostream& out, const standin::Method& method, const std::vector<standin::Argument>& arguments,
-             const standin::Outcome& outcome, bool asJson) {
+             const standin::Outcome& outcome, bool asJson, bool terminal) {
   if (asJson) {
-    out << dumped(asJsonObject(method, arguments, outcome)) << '\n';
+    out << dumped(asJsonObject(method, arguments, outcome), terminal) << '\n';
     return;
   }
   out << method.entry.declaration << "\n\n";

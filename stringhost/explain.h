@@ -12,6 +12,6 @@ namespace stringhost {
 /// dropped, and the result.
 /// @param arguments  as given; those left out have the declared defaults
 void explain(std::ostream& out, const standin::Method& method, const std::vector<standin::Argument>& arguments,
-             const standin::Outcome& outcome, bool asJson);
+             const standin::Outcome& outcome, bool asJson, bool terminal);
 
 }  // namespace stringhost

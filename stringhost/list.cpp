@@ -58,6 +58,12 @@ ordered_json described(const standin::Method& method) {
 
 }  // namespace
 
+std::vector<std::string> namesOf(const standin::Session& session) {
+  std::vector<std::string> names;
+  for (const standin::Method& method : session.methods()) names.push_back(method.declaration.name);
+  return names;
+}
+
 bool list(std::ostream& out, const standin::Session& session, const std::string& pattern, bool asJson) {
   ordered_json json = ordered_json::array();
   bool isAny = false;
@@ -70,7 +76,7 @@ bool list(std::ostream& out, const standin::Session& session, const std::string&
       out << method.entry.declaration << '\n';
     }
   }
-  if (asJson) out << json.dump(2) << '\n';
+  if (asJson && isAny) out << json.dump(2, ' ', false, ordered_json::error_handler_t::replace) << '\n';
   return isAny;
 }
 

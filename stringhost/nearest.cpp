@@ -3,7 +3,11 @@
 #include <algorithm>
 #include <cctype>
 #include <cstddef>
+#include <limits>
 #include <numeric>
+#include <tuple>
+
+#include "stringhost/usage_error.h"
 
 namespace stringhost {
 namespace {
@@ -29,27 +33,46 @@ std::size_t editDistance(std::string_view a, std::string_view b) {
   return row[b.size()];
 }
 
+/// How many of a text's pairs of adjacent letters another one has too. Word order counts little that way, and what is
+/// only left out, such as the ending that most names share, counts nothing.
+std::size_t pairsIn(std::string_view text, std::string_view other) {
+  std::size_t pairs = 0;
+  for (std::size_t at = 0; at + 1 < text.size(); ++at) {
+    if (other.find(text.substr(at, 2)) != other.npos) ++pairs;
+  }
+  return pairs;
+}
+
 }  // namespace
 
 bool isSameName(std::string_view a, std::string_view b) { return lower(a) == lower(b); }
 
 std::string hintFor(std::string_view name, const std::vector<std::string>& candidates) {
+  constexpr std::size_t kNotClose = std::numeric_limits<std::size_t>::max();
   const std::string wanted = lower(name);
   const std::string* best = nullptr;
-  std::size_t fewest = 0;
+  std::tuple<std::size_t, std::size_t, std::size_t> least;
   for (const std::string& candidate : candidates) {
     const std::string other = lower(candidate);
-    std::size_t edits = editDistance(wanted, other);
-    // What was left off at one end counts little: most names end alike.
-    if (wanted.size() >= 3 && (other.starts_with(wanted) || other.ends_with(wanted)))
-      edits = std::min<std::size_t>(edits, 1);
-    if (best == nullptr || edits < fewest) {
+    const std::size_t edits = editDistance(wanted, other);
+    const std::size_t allPairs = wanted.size() < 3 ? 0 : wanted.size() - 1;
+    const std::size_t missing = allPairs - std::min(allPairs, pairsIn(wanted, other));
+    const bool isClose = edits <= std::max<std::size_t>(2, other.size() / 4) && edits < wanted.size();
+    const bool isAlike = allPairs > 0 && 5 * missing <= 2 * allPairs;
+    if (!isClose && !isAlike) continue;
+    const std::tuple badness{isClose ? edits : kNotClose, missing, other.size()};
+    if (best == nullptr || badness < least) {
       best = &candidate;
-      fewest = edits;
+      least = badness;
     }
   }
-  const bool isNear = best != nullptr && fewest <= std::max<std::size_t>(2, best->size() / 4);
-  return isNear ? "did you mean " + *best + "?" : std::string();
+  return best != nullptr ? "did you mean " + *best + "?" : std::string();
+}
+
+void refuseUnknown(const std::string& what, const std::string& name, const std::vector<std::string>& candidates,
+                   const std::string& otherwise) {
+  const std::string hint = hintFor(name, candidates);
+  throw UsageError("no such " + what + ": " + (name.empty() ? "''" : name), hint.empty() ? otherwise : hint);
 }
 
 }  // namespace stringhost

@@ -8,6 +8,8 @@
 #include "standin/transcode.h"
 #include "stringhost/encoding_names.h"
 #include "stringhost/numbers.h"
+#include "stringhost/printable.h"
+#include "stringhost/timing.h"
 
 namespace stringhost {
 namespace {
@@ -22,15 +24,6 @@ std::optional<std::string> readable(const standin::Text& text) {
   // Malformed text would not come back from another form as it was.
   const std::string wide = *standin::transcode(*utf8, kEncodingUTF8, kEncodingUTF32);
   return *standin::transcode(wide, kEncodingUTF32, kEncodingUTF8) == *utf8 ? utf8 : std::nullopt;
-}
-
-/// Whether a terminal shows the text without side effects.
-bool isPrintable(std::string_view utf8) {
-  for (const char c : utf8) {
-    const bool isControl = static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
-    if (isControl && c != '\t' && c != '\n' && c != '\r') return false;
-  }
-  return true;
 }
 
 std::string shown(const standin::Text& text) {
@@ -165,15 +158,21 @@ ordered_json jsonOf(const standin::Outcome& outcome, standin::Type type) {
   return json;
 }
 
-std::string dumped(const ordered_json& json) {
-  return json.dump(-1, ' ', false, ordered_json::error_handler_t::replace);
+ordered_json jsonOf(const Timing& timing) {
+  const auto whole = [](double nanoseconds) { return std::llround(nanoseconds); };
+  return {{"calls", timing.count()},
+          {"mean_ns", whole(timing.mean())},
+          {"deviation_ns", whole(timing.deviation())},
+          {"least_ns", whole(timing.least())},
+          {"most_ns", whole(timing.most())}};
 }
 
-void print(std::ostream& out, const standin::Outcome& outcome, standin::Type type, Form form, bool terminal) {
-  if (form == Form::kJson) {
-    out << dumped(jsonOf(outcome, type)) << '\n';
-    return;
-  }
+std::string dumped(const ordered_json& json, bool terminal) {
+  std::string line = json.dump(-1, ' ', false, ordered_json::error_handler_t::replace);
+  return terminal ? visible(line) : line;
+}
+
+void print(std::ostream& out, const standin::Outcome& outcome, Form form, bool terminal) {
   const bool isShown = terminal && form == Form::kText;
   std::string result;
   if (const auto bytes = bytesOf(outcome.result)) {

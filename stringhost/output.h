@@ -11,6 +11,8 @@
 
 namespace stringhost {
 
+class Timing;
+
 enum class Form {
   kText,  ///< the bare result; on a terminal made readable, with a line break
   kHex,   ///< strings and memory blocks as hex digits
@@ -37,10 +39,13 @@ enum class Form {
 /// The fields of a result, as `call` shows them.
 [[nodiscard]] nlohmann::ordered_json jsonOf(const standin::Outcome& outcome, standin::Type type);
 
-/// In one line; what isn't UTF-8 is replaced.
-[[nodiscard]] std::string dumped(const nlohmann::ordered_json& json);
+/// The fields of the times of calls, in whole nanoseconds.
+[[nodiscard]] nlohmann::ordered_json jsonOf(const Timing& timing);
 
-/// Prints what a call gave back. An empty result prints nothing.
-void print(std::ostream& out, const standin::Outcome& outcome, standin::Type type, Form form, bool terminal);
+/// In one line; what isn't UTF-8 is replaced, and for a terminal what isn't printable is escaped.
+[[nodiscard]] std::string dumped(const nlohmann::ordered_json& json, bool terminal);
+
+/// Prints what a call gave back, in any form but json. An empty result prints nothing.
+void print(std::ostream& out, const standin::Outcome& outcome, Form form, bool terminal);
 
 }  // namespace stringhost

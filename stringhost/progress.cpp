@@ -11,7 +11,7 @@ Progress::Progress(std::ostream& err, std::string what, bool inPlace, std::int64
   try {
     thread_ = std::thread([this, patience] { watch(patience); });
   } catch (const std::system_error&) {
-    // No thread to be had: the work is done all the same, without a word.
+    // There is no thread to be had, and nothing depends on this one.
   }
 }
 

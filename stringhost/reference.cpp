@@ -36,6 +36,7 @@ std::vector<std::string_view> declarationsIn(std::string_view text) {
 std::string unmarked(std::string_view line, bool coloured) {
   std::string out;
   bool isCode = false;
+  bool isStrong = false;
   for (std::size_t at = 0; at < line.size(); ++at) {
     const char c = line[at];
     const std::size_t link =
@@ -43,6 +44,10 @@ std::string unmarked(std::string_view line, bool coloured) {
     if (c == '`') {
       isCode = !isCode;
       if (coloured) out += isCode ? kBold : kPlain;
+    } else if (!isCode && line.substr(at).starts_with("**")) {
+      isStrong = !isStrong;
+      if (coloured) out += isStrong ? kBold : kPlain;
+      ++at;
     } else if (!isCode && c == '\\' && at + 1 < line.size() && kEscaped.find(line[at + 1]) != kEscaped.npos) {
       out += line[++at];
     } else if (link != line.npos) {
@@ -149,8 +154,10 @@ std::string rendered(const Entry& entry, bool coloured) {
     } else if (isCode) {
       out += line.empty() ? "\n" : std::string("    ").append(line) + '\n';
     } else {
-      const std::size_t first = line.starts_with('#') ? line.find_first_not_of("# ") : 0;
-      out += unmarked(line.substr(std::min(first, line.size())), coloured) + '\n';
+      const bool isHeading = line.starts_with('#');
+      const std::size_t first = isHeading ? std::min(line.find_first_not_of("# "), line.size()) : 0;
+      const std::string shown = unmarked(line.substr(first), coloured);
+      out += (isHeading && coloured ? std::string(kBold).append(shown).append(kPlain) : shown) + '\n';
     }
   }
   return out + (table.empty() ? std::string() : tableOf(table, coloured));

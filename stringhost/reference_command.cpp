@@ -1,5 +1,6 @@
 #include "stringhost/reference_command.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <ostream>
@@ -12,6 +13,19 @@
 #include "stringhost/usage_error.h"
 
 namespace stringhost {
+namespace {
+
+nlohmann::ordered_json jsonOf(const Entry& entry) {
+  return {{"name", entry.name}, {"declarations", entry.declarations}, {"text", entry.text}};
+}
+
+std::vector<std::string> namesOf(const std::vector<Entry>& entries) {
+  std::vector<std::string> names;
+  for (const Entry& entry : entries) names.emplace_back(entry.name);
+  return names;
+}
+
+}  // namespace
 
 bool wantsColour() {
   const char* const refused = std::getenv("NO_COLOR");
@@ -19,22 +33,22 @@ bool wantsColour() {
   return (refused == nullptr || *refused == '\0') && (kind == nullptr || std::string_view(kind) != "dumb");
 }
 
-void showReference(std::ostream& out, const std::string& method, bool asJson, bool coloured) {
-  std::vector<std::string> names;
-  for (const Entry& entry : referenceEntries()) {
-    names.emplace_back(entry.name);
-    if (!isSameName(entry.name, method)) continue;
-    if (asJson) {
-      const nlohmann::ordered_json json = {
-          {"name", entry.name}, {"declarations", entry.declarations}, {"text", entry.text}};
-      out << dumped(json) << '\n';
-    } else {
-      out << rendered(entry, coloured);
-    }
-    if (!out.flush()) throw UsageError("the entry cannot be written");
+void showReference(std::ostream& out, const std::string& method, bool asJson, bool terminal) {
+  const std::vector<Entry> entries = referenceEntries();
+  if (asJson && method.empty()) {
+    nlohmann::ordered_json all = nlohmann::ordered_json::array();
+    for (const Entry& entry : entries) all.push_back(jsonOf(entry));
+    out << dumped(all, terminal) << '\n';
     return;
   }
-  throw UsageError("no such method: " + method, hintFor(method, names));
+  const auto found =
+      std::find_if(entries.begin(), entries.end(), [&](const Entry& entry) { return isSameName(entry.name, method); });
+  if (found == entries.end()) refuseUnknown("method", method, namesOf(entries), "stringhost list shows all");
+  if (asJson) {
+    out << dumped(jsonOf(*found), terminal) << '\n';
+  } else {
+    out << rendered(*found, terminal && wantsColour());
+  }
 }
 
 }  // namespace stringhost

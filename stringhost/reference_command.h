@@ -9,7 +9,8 @@ namespace stringhost {
 /// Whether colour is welcome where there is a terminal: not with NO_COLOR set to something, nor on a dumb terminal.
 [[nodiscard]] bool wantsColour();
 
-/// Prints the entry of a method, whatever the case of its name. Throws `UsageError` for an unknown one.
-void showReference(std::ostream& out, const std::string& method, bool asJson, bool coloured);
+/// Prints the entry of a method, whatever the case of its name; as JSON, without a name, those of all methods. Throws
+/// `UsageError` for an unknown one.
+void showReference(std::ostream& out, const std::string& method, bool asJson, bool terminal);
 
 }  // namespace stringhost

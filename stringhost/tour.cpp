@@ -32,12 +32,15 @@ int tour(const std::vector<std::string>& globals, std::ostream& out, std::ostrea
          "and calls the methods the plugin registers.\n";
   for (const Stop& stop : tourStops()) {
     if (*stop.remark != '\0') out << '\n' << stop.remark << '\n';
-    out << "$ stringhost " << stop.command << '\n' << std::flush;
+    out << "$ stringhost " << stop.command << '\n';
     std::vector<std::string> words = globals;
     const auto command = shellWords(stop.command).value();
     words.insert(words.end(), command.begin(), command.end());
     std::istringstream nothing;
-    const int result = run(words, nothing, out, err, true);
+    std::ostringstream shown;
+    const int result = run(words, nothing, shown, err, true);
+    out << shown.str();
+    if (!out.flush()) break;
     if (status == kDone) status = result;
   }
   out << "\nHow to go on:\n"

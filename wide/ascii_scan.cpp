@@ -15,6 +15,9 @@ std::size_t ascii::findNonAscii(ByteView bytes) noexcept {
 #ifdef WIDE_AVX2
   if (bytes.size() >= kWideFrom && cpu::hasAvx2()) return avx2::findNonAscii(bytes);
 #endif
+#ifdef WIDE_NEON
+  if (bytes.size() >= kWideFrom && cpu::hasNeon()) return neon::findNonAscii(bytes);
+#endif
   return scalar::findNonAscii(bytes);
 }
 

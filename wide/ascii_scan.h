@@ -21,5 +21,10 @@ namespace avx2 {
 [[nodiscard]] std::size_t findNonAscii(ByteView bytes) noexcept;
 }
 #endif
+#ifdef WIDE_NEON
+namespace neon {
+[[nodiscard]] std::size_t findNonAscii(ByteView bytes) noexcept;
+}
+#endif
 
 }  // namespace ascii

@@ -5,31 +5,15 @@
 
 #ifdef WIDE_AVX2
 
-#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <immintrin.h>
 
+#include "wide/move_together.h"
 #include "wide/partial_vector.h"
 
 namespace wide {
-
-/// For every choice among eight bytes, a bit each: the shuffle control that moves them to the front.
-inline constexpr std::array<std::uint64_t, 256> kMoveTogether = [] {
-  std::array<std::uint64_t, 256> controls{};
-  for (unsigned kept = 0; kept < 256; ++kept) {
-    std::uint64_t control = 0x8080'8080'8080'8080;
-    unsigned position = 0;
-    for (unsigned from = 0; from < 8; ++from) {
-      if ((kept >> from & 1U) == 0) continue;
-      control ^= std::uint64_t{0x80U ^ from} << (8 * position);
-      ++position;
-    }
-    controls[kept] = control;
-  }
-  return controls;
-}();
 
 /// Moves the bytes of each half whose bit in `keep` is set to the front of that half.
 [[nodiscard]] AVX2_FUNCTION inline __m128i movedTogetherByHalves(__m128i bytes, std::uint32_t keep) noexcept {

@@ -13,6 +13,18 @@
 #define AVX512_FUNCTION __attribute__((target("avx512f,avx512bw,avx512vl,avx512vbmi2,avx2,bmi,bmi2,lzcnt,popcnt")))
 #endif
 
+#if defined(__aarch64__) || defined(__ARM_NEON)
+/// Set where the build can hold NEON kernels. Whether they may run is `cpu::hasNeon`.
+#define WIDE_NEON 1
+#define NEON_FUNCTION
+#elif defined(__arm__) && defined(__ARM_FP) && !defined(__clang__)
+#define WIDE_NEON 1
+/// Compiles one function for NEON where the build's baseline has none, as with Debian's for 32 bits.
+#define NEON_FUNCTION __attribute__((target("fpu=neon")))
+/// Set where NEON has to be asked for.
+#define WIDE_NEON_IS_OPTIONAL 1
+#endif
+
 namespace cpu {
 
 #ifdef WIDE_AVX2
@@ -22,6 +34,13 @@ namespace cpu {
 
 /// True when the CPU has all that and AVX-512 with its sets F, BW, VL and VBMI2.
 [[nodiscard]] bool hasAvx512() noexcept;
+#endif
+
+#ifdef WIDE_NEON_IS_OPTIONAL
+/// True when the CPU has NEON. Asks the system once and keeps the answer.
+[[nodiscard]] bool hasNeon() noexcept;
+#elif defined(WIDE_NEON)
+[[nodiscard]] constexpr bool hasNeon() noexcept { return true; }
 #endif
 
 }  // namespace cpu

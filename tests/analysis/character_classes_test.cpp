@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "tests/support/forms.h"
 #include "tests/support/placed_bytes.h"
 #include "tests/support/random_bytes.h"
 
@@ -16,42 +17,21 @@ constexpr std::uint32_t kSeed = 0x434C'5353;
 bool isPrintable(char c) { return c >= 0x20 && static_cast<unsigned char>(c) < 0x80; }
 bool isFromSpaceOn(char c) { return static_cast<unsigned char>(c) >= 0x20; }
 
-struct Range {
-  const char* name;
-  bool (*contains)(char);
-  bool (*kernels[3])(ByteView) noexcept;
-};
+using Test = bool (*)(ByteView) noexcept;
 
-constexpr Range kRanges[] = {
-    {"printable",
-     isPrintable,
-     {character_classes::arePrintable, character_classes::scalar::arePrintable,
-#ifdef WIDE_AVX2
-      character_classes::avx2::arePrintable
-#endif
-     }},
-    {"from space on",
-     isFromSpaceOn,
-     {character_classes::areFromSpaceOn, character_classes::scalar::areFromSpaceOn,
-#ifdef WIDE_AVX2
-      character_classes::avx2::areFromSpaceOn
-#endif
-     }},
-};
+/// Checks one form of both tests.
+void checkRanges(const std::string& bytes, Test arePrintable, Test areFromSpaceOn) {
+  const PlacedBytes in(bytes, bytes.size() % 33);
+  CHECK(arePrintable(in.span()) == std::all_of(bytes.begin(), bytes.end(), isPrintable));
+  CHECK(areFromSpaceOn(in.span()) == std::all_of(bytes.begin(), bytes.end(), isFromSpaceOn));
+}
 
 void checkRanges(const std::string& bytes) {
-  const PlacedBytes in(bytes, bytes.size() % 33);
-  for (const Range& range : kRanges) {
-    CAPTURE(range.name);
-    const bool expected = std::all_of(bytes.begin(), bytes.end(), range.contains);
-    CHECK(range.kernels[0](in.span()) == expected);
-    CHECK(range.kernels[1](in.span()) == expected);
-#ifdef WIDE_AVX2
-    if (bytes.size() >= character_classes::avx2::kMinSize && cpu::hasAvx2()) {
-      CHECK(range.kernels[2](in.span()) == expected);
-    }
-#endif
-  }
+  checkRanges(bytes, character_classes::arePrintable, character_classes::areFromSpaceOn);
+  IN_FORM(character_classes, scalar, checkRanges(bytes, form::arePrintable, form::areFromSpaceOn));
+  IN_WIDE_FORM(character_classes, {
+    if (bytes.size() >= form::kMinSize) checkRanges(bytes, form::arePrintable, form::areFromSpaceOn);
+  });
 }
 
 TEST_CASE("byte ranges: every byte, at any place of texts of every length") {
@@ -97,11 +77,10 @@ TEST_CASE("replacement: every length, with replacements that are printable and t
       std::string expected = bytes;
       for (char& c : expected) c = isPrintable(c) ? c : static_cast<char>(replacement);
       CHECK((replaced(character_classes::replaceNonPrintable, bytes, replacement) == expected));
-      CHECK((replaced(character_classes::scalar::replaceNonPrintable, bytes, replacement) == expected));
-#ifdef WIDE_AVX2
-      if (length < character_classes::avx2::kMinSize || !cpu::hasAvx2()) continue;
-      CHECK((replaced(character_classes::avx2::replaceNonPrintable, bytes, replacement) == expected));
-#endif
+      IN_FORM(character_classes, scalar, CHECK((replaced(form::replaceNonPrintable, bytes, replacement) == expected)));
+      IN_WIDE_FORM(character_classes, {
+        if (length >= form::kMinSize) CHECK((replaced(form::replaceNonPrintable, bytes, replacement) == expected));
+      });
     }
   }
 }

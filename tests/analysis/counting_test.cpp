@@ -7,6 +7,7 @@
 
 #include "analysis/counting_two_way.h"
 #include "tests/reference/counting.h"
+#include "tests/support/forms.h"
 #include "tests/support/placed_bytes.h"
 #include "tests/support/random_bytes.h"
 
@@ -20,10 +21,8 @@ using Kernel = std::int64_t (*)(ByteView, ByteView) noexcept;
 
 /// Every way there is to count a pattern that isn't empty, the chosen one first.
 std::vector<Kernel> kernelsFor(std::string_view pattern) {
-  std::vector<Kernel> kernels{counting::count, counting::scalar::count};
-#ifdef WIDE_AVX2
-  if (cpu::hasAvx2()) kernels.push_back(counting::avx2::count);
-#endif
+  std::vector<Kernel> kernels{counting::count};
+  IN_EVERY_FORM(counting, kernels.push_back(form::count));
   if (pattern.size() > 1) kernels.push_back(counting::countTwoWay);
   return kernels;
 }

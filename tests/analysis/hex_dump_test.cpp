@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "tests/reference/hex_dump.h"
+#include "tests/support/forms.h"
 #include "tests/support/placed_bytes.h"
 #include "tests/support/random_bytes.h"
 
@@ -71,10 +72,7 @@ void checkAgainstReference(std::string_view bytes, const DumpLayout& layout) {
   CAPTURE(layout.lineGroups);
   const std::string expected = reference::hexDump(bytes, layout);
   CHECK((dumped(bytes, layout) == expected));
-  CHECK((dumped(bytes, layout, hex_dump::scalar::write) == expected));
-#ifdef WIDE_AVX2
-  if (cpu::hasAvx2()) CHECK((dumped(bytes, layout, hex_dump::avx2::write) == expected));
-#endif
+  IN_EVERY_FORM(hex_dump, CHECK((dumped(bytes, layout, form::write) == expected)));
 }
 
 TEST_CASE("hex dump: any layout gives what the reference gives") {

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "tests/reference/sql_booleans.h"
+#include "tests/support/forms.h"
 #include "tests/support/placed_bytes.h"
 #include "tests/support/random_bytes.h"
 
@@ -22,14 +23,12 @@ std::size_t replaceScalar(ByteView sql, ByteSpan out) noexcept {
   return progress.written;
 }
 
-#ifdef WIDE_AVX2
 std::size_t replaceWide(ByteView sql, ByteSpan out) noexcept {
   Progress progress;
-  sql_booleans::avx2::rewrite(sql, out, progress);
+  IN_WIDE_FORM(sql_booleans, form::rewrite(sql, out, progress));
   sql_booleans::scalar::rewrite(sql, out, progress);
   return progress.written;
 }
-#endif
 
 using Kernel = std::size_t (*)(ByteView, ByteSpan) noexcept;
 
@@ -95,9 +94,7 @@ TEST_CASE("SQL booleans: all forms agree with the reference on random statements
     const std::string expected = reference::booleansReplaced(sql);
     CHECK((replaced(sql) == expected));
     CHECK((replaced(sql, replaceScalar) == expected));
-#ifdef WIDE_AVX2
-    if (cpu::hasAvx2()) CHECK((replaced(sql, replaceWide) == expected));
-#endif
+    CHECK((replaced(sql, replaceWide) == expected));
   }
 }
 

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "tests/reference/bitwise.h"
+#include "tests/support/forms.h"
 #include "tests/support/placed_bytes.h"
 #include "tests/support/random_bytes.h"
 
@@ -89,9 +90,7 @@ TEST_CASE("bitwise: long data meets the end of the mask again and again") {
   }
 }
 
-#ifdef WIDE_AVX2
 TEST_CASE("bitwise: the wide kernel agrees with the scalar one, from any position on") {
-  if (!cpu::hasAvx2()) return;
   RandomBytes random(kSeed);
   for (std::size_t length = 0; length <= 700; ++length) {
     const std::size_t period = 128 + random.below(400);
@@ -104,12 +103,13 @@ TEST_CASE("bitwise: the wide kernel agrees with the scalar one, from any positio
     CAPTURE(length);
     for (const Operation operation : kOperations) {
       bitwise::scalar::combine(operation, in.span(), {mask.span().data(), period}, position, scalarOut.span().data());
-      bitwise::avx2::combine(operation, in.span(), {mask.span().data(), period}, position, wideOut.span().data());
-      CHECK((scalarOut.text() == wideOut.text()));
-      CHECK(wideOut.marginsIntact());
+      IN_WIDE_FORM(bitwise, {
+        form::combine(operation, in.span(), {mask.span().data(), period}, position, wideOut.span().data());
+        CHECK((scalarOut.text() == wideOut.text()));
+        CHECK(wideOut.marginsIntact());
+      });
     }
   }
 }
-#endif
 
 }  // namespace

@@ -14,6 +14,7 @@
 
 #include "memory/limits.h"
 #include "tests/reference/charsets.h"
+#include "tests/support/forms.h"
 #include "tests/support/placed_bytes.h"
 #include "tests/support/random_bytes.h"
 
@@ -140,12 +141,6 @@ TEST_CASE("charsets: the tables are those of the C library") {
 }
 #endif
 
-TEST_CASE("charsets: the plain forms agree with the naive twins") {
-  agreesWithTwin(charsets::scalar::encode, charsets::scalar::decode);
+TEST_CASE("charsets: every form agrees with the naive twins") {
+  IN_EVERY_FORM(charsets, agreesWithTwin(form::encode, form::decode));
 }
-
-#ifdef WIDE_AVX2
-TEST_CASE("charsets: the wide forms agree with the naive twins") {
-  if (cpu::hasAvx2()) agreesWithTwin(charsets::avx2::encode, charsets::avx2::decode);
-}
-#endif

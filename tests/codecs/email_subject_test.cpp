@@ -4,6 +4,7 @@
 
 #include "codecs/hex_escapes.h"
 #include "tests/reference/email_subject.h"
+#include "tests/support/forms.h"
 #include "tests/support/placed_bytes.h"
 #include "tests/support/random_bytes.h"
 
@@ -74,14 +75,7 @@ TEST_CASE("email subject: long texts") {
   }
 }
 
-TEST_CASE("email subject: the plain form agrees with the naive twin") {
-  using namespace email_subject::scalar;
-  agreesWithTwin(findNotPlain, countEscapes, encode, 0);
+TEST_CASE("email subject: every form agrees with the naive twin") {
+  IN_FORM(email_subject, scalar, agreesWithTwin(form::findNotPlain, form::countEscapes, form::encode, 0));
+  IN_WIDE_FORM(email_subject, agreesWithTwin(form::findNotPlain, form::countEscapes, form::encode, 32));
 }
-
-#ifdef WIDE_AVX2
-TEST_CASE("email subject: the wide form agrees with the naive twin") {
-  using namespace email_subject::avx2;
-  if (cpu::hasAvx2()) agreesWithTwin(findNotPlain, countEscapes, encode, 32);
-}
-#endif

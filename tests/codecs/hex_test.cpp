@@ -5,6 +5,7 @@
 
 #include "memory/limits.h"
 #include "tests/reference/hex.h"
+#include "tests/support/forms.h"
 #include "tests/support/placed_bytes.h"
 #include "tests/support/random_bytes.h"
 
@@ -86,12 +87,6 @@ TEST_CASE("hex: the longest input whose digits can be had") {
   CHECK(hex::encodedSize(0x4000'0000) > kMaxSize);
 }
 
-TEST_CASE("hex: the plain forms agree with the naive twins") {
-  agreesWithTwin(hex::scalar::encode, hex::scalar::decode);
+TEST_CASE("hex: every form agrees with the naive twins") {
+  IN_EVERY_FORM(hex, agreesWithTwin(form::encode, form::decode));
 }
-
-#ifdef WIDE_AVX2
-TEST_CASE("hex: the wide forms agree with the naive twins") {
-  if (cpu::hasAvx2()) agreesWithTwin(hex::avx2::encode, hex::avx2::decode);
-}
-#endif

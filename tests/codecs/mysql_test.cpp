@@ -5,6 +5,7 @@
 
 #include "tests/codecs/shortening.h"
 #include "tests/reference/mysql.h"
+#include "tests/support/forms.h"
 #include "tests/support/random_bytes.h"
 
 using namespace std::string_view_literals;
@@ -68,10 +69,4 @@ TEST_CASE("mysql: every pair, alone and across the end of a vector") {
   }
 }
 
-TEST_CASE("mysql: the plain form agrees with the naive twin") { agreesWithTwin(mysql::scalar::decode); }
-
-#ifdef WIDE_AVX2
-TEST_CASE("mysql: the wide form agrees with the naive twin") {
-  if (cpu::hasAvx2()) agreesWithTwin(mysql::avx2::decode);
-}
-#endif
+TEST_CASE("mysql: every form agrees with the naive twin") { IN_EVERY_FORM(mysql, agreesWithTwin(form::decode)); }

@@ -6,6 +6,7 @@
 #include "memory/limits.h"
 #include "tests/codecs/shortening.h"
 #include "tests/reference/url.h"
+#include "tests/support/forms.h"
 #include "tests/support/random_bytes.h"
 
 using namespace std::string_view_literals;
@@ -138,15 +139,7 @@ TEST_CASE("url: every byte by every choice of options, in a vector and alone") {
   }
 }
 
-TEST_CASE("url: the plain forms agree with the naive twins") {
-  encodesAsTwin(url::scalar::encode);
-  decodesAsTwin(url::scalar::decode);
+TEST_CASE("url: every form agrees with the naive twins") {
+  IN_EVERY_FORM(url, encodesAsTwin(form::encode));
+  IN_EVERY_FORM(url, decodesAsTwin(form::decode));
 }
-
-#ifdef WIDE_AVX2
-TEST_CASE("url: the wide forms agree with the naive twins") {
-  if (!cpu::hasAvx2()) return;
-  encodesAsTwin(url::avx2::encode);
-  decodesAsTwin(url::avx2::decode);
-}
-#endif

@@ -4,6 +4,7 @@
 
 #include "tests/codecs/shortening.h"
 #include "tests/reference/yenc.h"
+#include "tests/support/forms.h"
 #include "tests/support/random_bytes.h"
 
 using namespace std::string_view_literals;
@@ -53,12 +54,11 @@ TEST_CASE("yenc: examples") {
   }
 }
 
-TEST_CASE("yenc: the plain form agrees with the naive twin") { agreesWithTwin(yenc::scalar::decode); }
-
-#ifdef WIDE_AVX2
-TEST_CASE("yenc: the wide forms agree with the naive twin") {
-  if (cpu::hasAvx2()) agreesWithTwin(yenc::avx2::decode);
-  if (cpu::hasAvx512()) agreesWithTwin(yenc::avx512::decode);
+TEST_CASE("yenc: every form agrees with the naive twin") {
+  IN_EVERY_FORM(yenc, agreesWithTwin(form::decode));
+#ifdef WIDE_AVX512
+  if (cpu::hasAvx512()) IN_FORM(yenc, avx512, agreesWithTwin(form::decode));
+#endif
 }
 
 TEST_CASE("yenc: every choice of escapes around the end of a vector") {
@@ -70,9 +70,10 @@ TEST_CASE("yenc: every choice of escapes around the end of a vector") {
       }
       CAPTURE(choice);
       const std::string bytes = reference::yencDecoded(data);
-      if (cpu::hasAvx2()) CHECK(shortened(yenc::avx2::decode, data) == bytes);
-      if (cpu::hasAvx512()) CHECK(shortened(yenc::avx512::decode, data) == bytes);
+      IN_EVERY_FORM(yenc, CHECK(shortened(form::decode, data) == bytes));
+#ifdef WIDE_AVX512
+      if (cpu::hasAvx512()) IN_FORM(yenc, avx512, CHECK(shortened(form::decode, data) == bytes));
+#endif
     }
   }
 }
-#endif

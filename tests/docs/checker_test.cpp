@@ -3,6 +3,7 @@
 
 #include "tests/docs/coverage.h"
 #include "tests/docs/examples.h"
+#include "tests/docs/uniformity.h"
 
 namespace docs {
 namespace {
@@ -20,7 +21,8 @@ $ stringhost call NativeStringZQV 'two words'
 two words
 $ stringhost call NativeStringZQV ''
 $ stringhost call NativeStringZQV
-stringhost: 0 arguments don't fit NativeStringZQV(s as string) as string
+stringhost: NativeStringZQV takes 1 argument, not 0
+stringhost help NativeStringZQV says which
 [status 2]
 ```
 )";
@@ -61,6 +63,76 @@ TEST_CASE("the reference and the registered methods are held against each other"
         Lines{"a.md:3: declared below another heading: G() as string"});
   CHECK(compared("## F\n```xojo\nF() as string\nF() as string\n```\n", {"F() as string"}) ==
         Lines{"a.md:4: documented twice: F() as string"});
+}
+
+constexpr const char* kEntry = R"(## Pad
+```xojo
+Pad(s as string, width as integer = 8) as string
+```
+Fills up.
+
+| Parameter | Default | Meaning |
+|---|---|---|
+| `s` | | the text |
+| `width` | `8` | of the result |
+### Facts
+- **Reads:** text.
+- **Gives:** UTF-8.
+- **Empty input:** blanks.
+- **Malformed input:** none.
+- **Failures:** none.
+- **Limits:** none.
+- **Cost:** little.
+### Examples
+```console
+$ stringhost call Pad x
+$ stringhost call Pad é
+```
+Beyond ASCII and
+Odd input:
+```console
+$ stringhost call Pad x -1
+```
+### Other languages
+**PHP:** pads.
+```php
+echo str_pad("x", 8);
+```
+**Python:** pads.
+```python
+print("x".ljust(8))
+```
+**JavaScript:** no near function.
+)";
+
+TEST_CASE("an entry with all its parts passes, and one without is told what it lacks") {
+  const auto lackingIn = [](const std::string& page) { return missingParts({{"a.md", readPage(page)}}); };
+  CHECK(lackingIn(kEntry) == Lines{});
+  CHECK(summaryOf(readPage(kEntry), "Pad") == "Fills up.");
+  constexpr struct {
+    const char* part;
+    const char* other;
+    const char* lack;
+  } kLacks[] = {
+      {"- **Limits:** none.\n", "", "in its place: - **Limits:** "},
+      {"**Python:** pads", "**Perl:** pads", "in its place: **Python:** "},
+      {"### Facts\n- **Reads:** text.", "- **Reads:** text.\n### Facts", "in its place: - **Reads:** "},
+      {"| `8` |", "| `9` |", "a row with its default: width"},
+      {"| `s` | |", "| `s` | `0` |", "a row with its default: s"},
+      {"| `s` |", "| `t` |", "a row with its default: s"},
+      {"Pad x -1", "Pod x -1", "three examples"},
+      {"Beyond ASCII", "In ASCII", "an example beyond ASCII"},
+      {"Pad é", "Pad e", "an example beyond ASCII"},
+      {"```php", "```sh", "an example of php"},
+      {"no near function", "something", "an example of js"},
+      {"Pad(s as string", "Pad(s", "a declaration that can be read"},
+  };
+  for (const auto& [part, other, lack] : kLacks) {
+    CAPTURE(lack);
+    std::string page = kEntry;
+    page.replace(page.find(part), std::string(part).size(), other);
+    CHECK(lackingIn(page) == Lines{std::string("Pad lacks ") + lack});
+  }
 }
 
 }  // namespace

@@ -20,6 +20,8 @@ Page readPage(std::string_view markdown) {
     } else if (text.starts_with(kHeading)) {
       heading = text.substr(kHeading.size());
       page.headings.push_back({number, heading});
+    } else if (!text.empty()) {
+      page.prose[heading].emplace_back(text);
     }
   }
   return page;

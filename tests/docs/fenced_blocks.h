@@ -1,6 +1,7 @@
-/// Markdown, as far as checking examples goes: headings and fenced blocks.
+/// Markdown, as far as checking it goes: headings, fenced blocks, and the lines between these.
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,6 +23,7 @@ struct FencedBlock {
 struct Page {
   std::vector<Line> headings;  ///< of the second level
   std::vector<FencedBlock> blocks;
+  std::map<std::string, std::vector<std::string>> prose;  ///< the lines outside of blocks, by the heading above them
 };
 
 [[nodiscard]] Page readPage(std::string_view markdown);

@@ -1,4 +1,5 @@
 /// The documentation itself: its examples do what it says, and it describes every method.
+#include <algorithm>
 #include <doctest/doctest.h>
 #include <filesystem>
 #include <fstream>
@@ -7,6 +8,7 @@
 #include "standin/session.h"
 #include "tests/docs/coverage.h"
 #include "tests/docs/examples.h"
+#include "tests/docs/uniformity.h"
 
 namespace docs {
 namespace {
@@ -51,7 +53,12 @@ TEST_CASE("every method is documented, and nothing else") {
   for (const std::string& difference : differences(pagesBelow("docs/methods"), registered)) FAIL_CHECK(difference);
 }
 
-TEST_CASE("the index links every method") {
+TEST_CASE("every entry has the same parts") {
+  for (const std::string& missing : missingParts(pagesBelow("docs/methods"))) FAIL_CHECK(missing);
+}
+
+TEST_CASE("the index links every method and says what it does") {
+  const auto pages = pagesBelow("docs/methods");
   std::ifstream file(kRoot / "docs" / "methods" / "README.md", std::ios::binary);
   const std::string index{std::istreambuf_iterator<char>(file), {}};
   const standin::Session session;
@@ -62,6 +69,10 @@ TEST_CASE("the index links every method") {
     INFO("method: " << name);
     CHECK(index.find("[" + name + "](") != std::string::npos);
     CHECK(index.find(".md#" + anchor + ")") != std::string::npos);
+    CHECK(std::any_of(pages.begin(), pages.end(), [&](const auto& page) {
+      const std::string summary = summaryOf(page.second, name);
+      return !summary.empty() && index.find(" | " + summary + " |") != std::string::npos;
+    }));
   }
 }
 

@@ -21,7 +21,8 @@ inline std::string richText(int repetitions) {
   return text;
 }
 
-inline std::vector<standin::Argument> argumentsFor(const standin::Method& method) {
+/// @param length  how long the texts are, in pieces of some 25 bytes
+inline std::vector<standin::Argument> argumentsFor(const standin::Method& method, int length = 400) {
   const std::string& name = method.declaration.name;
   std::vector<standin::Argument> arguments;
   int texts = 0;
@@ -29,11 +30,11 @@ inline std::vector<standin::Argument> argumentsFor(const standin::Method& method
     switch (parameter.type) {
       case standin::Type::kString: {
         const bool isShort = texts++ > 0 && (name == "HexstringZQV" || name == "RemoveHTMLTagsWithZQV");
-        arguments.emplace_back(standin::utf8(isShort ? "++" : richText(texts == 1 ? 400 : 300)));
+        arguments.emplace_back(standin::utf8(isShort ? "++" : richText(texts == 1 ? length : length * 3 / 4)));
         break;
       }
       case standin::Type::kMemoryBlock:
-        arguments.emplace_back(standin::block(richText(400)));
+        arguments.emplace_back(standin::block(richText(length)));
         break;
       case standin::Type::kInteger:
         arguments.emplace_back(name == "RandomBytesStringZQV" ? 5000 : 2);

@@ -1,53 +1,7 @@
-/// Text in every way a host may hand it out: each form through a method that shows it.
+/// Text that is marked, refused, empty or long.
 #include "tests/support/methods.h"
 
 using namespace testing;
-
-namespace {
-
-/// The UTF-8, UTF-16 and UTF-32 forms of a text, each seen through the result of a method.
-void checkForms(const Options& options, const Argument& text, std::string_view utf8Form, std::string_view latin1Form) {
-  Session session(options);
-  checkText(call(session, "RemoveHTMLTagsZQV", {text}), utf8Form, kEncodingUTF8);
-  checkText(call(session, "EncodingToISO8859ZQV", {text}), latin1Form, kEncodingNone);
-  checkText(call(session, "DecodingFromHTMLZQV", {text}), utf8Form, kEncodingUTF8);
-}
-
-}  // namespace
-
-TEST_CASE("terminated or not, marked, byte-swapped, at odd addresses: the same text on every host") {
-  for (const double version : kVersions) {
-    for (unsigned bits = 0; bits < 32; ++bits) {
-      const Options options{.version = version,
-                            .terminated = (bits & 1) == 0,
-                            .byteOrderMark = (bits & 2) != 0,
-                            .swapped = (bits & 4) != 0,
-                            .oddStorage = (bits & 8) != 0,
-                            .checking = (bits & 16) != 0};
-      // Units in the other byte order can only be told by their mark.
-      if (options.swapped && !options.byteOrderMark) continue;
-      CAPTURE(version);
-      CAPTURE(bits);
-      checkForms(options, utf8("naïve"), "naïve", "na\xEFve");
-      checkForms(options, utf16(u"naïve"), "naïve", "na\xEFve");
-      checkForms(options, utf32(U"naïve"), "naïve", "na\xEFve");
-      checkForms(options, marked("na\xEFve", kEncodingWindowsLatin1), "naïve", "na\xEFve");
-    }
-  }
-}
-
-TEST_CASE("text without an encoding is ASCII, or Mac Roman where it has a byte of 0x80 or above") {
-  for (const double version : kVersions) {
-    CAPTURE(version);
-    Session session(Options{.version = version});
-    checkText(call(session, "DecodingFromHexZQV", {raw("4869")}), "Hi", kEncodingASCII);
-    checkText(call(session, "RemoveHTMLTagsZQV", {raw("Hi!")}), "Hi!", kEncodingUTF8);
-    checkText(call(session, "EncodingToISO8859ZQV", {raw("Hi!")}), "Hi!", kEncodingASCII);
-    checkText(call(session, "DecodingFromHTMLZQV", {raw("Hi!")}), "Hi!", kEncodingUTF8);
-    checkText(call(session, "RemoveHTMLTagsZQV", {raw("\xA5")}), "\u2022", kEncodingUTF8);
-    checkText(call(session, "DecodingFromHTMLZQV", {raw("\xA5")}), "\u2022", kEncodingUTF8);
-  }
-}
 
 TEST_CASE("byte-order marks at the start of the text itself") {
   struct Case {
@@ -99,11 +53,10 @@ TEST_CASE("null, empty and long strings") {
     CAPTURE(version);
     Session session(Options{.version = version});
     for (const Text& empty : {nullText(), utf8(""), raw(""), utf16(u"")}) {
-      checkNull(call(session, "DecodingFromHTMLZQV", {empty}));
-      checkNull(call(session, "EncodingToHexZQV", {empty}));
-      checkNull(call(session, "DecodingFromHexZQV", {empty}));
-      checkNull(call(session, "EncodingToISO8859ZQV", {empty}));
-      checkNull(call(session, "RemoveHTMLTagsZQV", {empty}));
+      for (const char* method : {"DecodingFromHTMLZQV", "EncodingToHexZQV", "DecodingFromHexZQV",
+                                 "EncodingToISO8859ZQV", "RemoveHTMLTagsZQV", "_yDecodeStringZQV"}) {
+        checkNull(call(session, method, {empty}));
+      }
     }
     checkText(call(session, "DecodingFromHTMLZQV", {utf8(longText)}), longText, kEncodingUTF8);
     checkText(call(session, "ConcatBinaryStringsZQV", {utf8(longText), nullText(), raw("\xFF")}), longText + "\xFF",
@@ -114,20 +67,4 @@ TEST_CASE("null, empty and long strings") {
 TEST_CASE("a form handed out without data counts as refused, and its record is given back") {
   const Outcome outcome = call(Options{.recordsWithoutData = true}, "RemoveHTMLTagsZQV", {utf8("x")});
   checkNull(outcome);
-}
-
-TEST_CASE("a subject that can't be read is empty, and not the argument itself") {
-  for (const char* service : {"StringGetCString", "LenB"}) {
-    checkNull(call({.without = {service}}, "EncodeEmailSubjectZQV", {raw("A\xE9")}));
-    checkNull(call({.version = 2012.0, .without = {service}}, "EncodeEmailSubjectZQV", {raw("A")}));
-  }
-  CHECK(call(Options{}, "EncodeEmailSubjectZQV", {raw("")}).sameAsArgument == 0);
-}
-
-TEST_CASE("a result of 7-bit bytes without an encoding is marked ASCII") {
-  for (const double version : kVersions) {
-    Session session(Options{.version = version});
-    checkText(call(session, "ConcatBinaryStringsZQV", {raw("\x7F"), nullText()}), "\x7F", kEncodingASCII);
-    checkText(call(session, "ConcatBinaryStringsZQV", {raw("\x7F"), raw("\x80")}), "\x7F\x80", kEncodingNone);
-  }
 }

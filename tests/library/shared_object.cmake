@@ -6,6 +6,10 @@ function(check_exports)
   run(symbols ${NM} -D --defined-only ${FILE})
   string(REGEX REPLACE "^[0-9a-f]+ " "" symbols "${symbols}")
   expect_equal("${symbols}" "T REALPluginMain\n" "exported symbols")
+  # The functions for programs without the host are in the same library as the kernels, but not in the plugin.
+  run(symbols ${NM} -C ${FILE}.debug)
+  expect("${symbols}" "hex::encode" "the kernels")
+  expect_not("${symbols}" "stringkernels::[^\n]*" "functions for other programs")
 endfunction()
 
 function(check_dependencies)

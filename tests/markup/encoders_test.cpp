@@ -5,6 +5,7 @@
 #include "markup/xml_encoder.h"
 #include "tests/markup/markup_text.h"
 #include "tests/reference/markup.h"
+#include "tests/support/forms.h"
 
 namespace {
 
@@ -136,26 +137,12 @@ void xmlOfEveryCharacter(XmlKernel kernel) {
 
 }  // namespace
 
-TEST_CASE("html: the plain form agrees with the naive twin") {
-  htmlAgreesWithTwin(html::scalar::encode);
-  htmlOfEveryCharacter(html::scalar::encode);
+TEST_CASE("html: every form agrees with the naive twin") {
+  IN_EVERY_FORM(html, htmlAgreesWithTwin(form::encode));
+  IN_EVERY_FORM(html, htmlOfEveryCharacter(form::encode));
 }
 
-TEST_CASE("xml: the plain form agrees with the naive twin") {
-  xmlAgreesWithTwin(xml::scalar::encode);
-  xmlOfEveryCharacter(xml::scalar::encode);
+TEST_CASE("xml: every form agrees with the naive twin") {
+  IN_EVERY_FORM(xml, xmlAgreesWithTwin(form::encode));
+  IN_EVERY_FORM(xml, xmlOfEveryCharacter(form::encode));
 }
-
-#ifdef WIDE_AVX2
-TEST_CASE("html: the wide form agrees with the naive twin") {
-  if (!cpu::hasAvx2()) return;
-  htmlAgreesWithTwin(html::avx2::encode);
-  htmlOfEveryCharacter(html::avx2::encode);
-}
-
-TEST_CASE("xml: the wide form agrees with the naive twin") {
-  if (!cpu::hasAvx2()) return;
-  xmlAgreesWithTwin(xml::avx2::encode);
-  xmlOfEveryCharacter(xml::avx2::encode);
-}
-#endif

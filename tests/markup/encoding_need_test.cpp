@@ -4,6 +4,7 @@
 
 #include "tests/markup/markup_text.h"
 #include "tests/reference/markup.h"
+#include "tests/support/forms.h"
 
 namespace {
 
@@ -55,12 +56,6 @@ void agreesWithTwin(Question forHtml, Question forXml) {
 
 }  // namespace
 
-TEST_CASE("encoding need: the plain form agrees with the naive twin") {
-  agreesWithTwin(encoding_need::scalar::forHtml, encoding_need::scalar::forXml);
+TEST_CASE("encoding need: every form agrees with the naive twin") {
+  IN_EVERY_FORM(encoding_need, agreesWithTwin(form::forHtml, form::forXml));
 }
-
-#ifdef WIDE_AVX2
-TEST_CASE("encoding need: the wide form agrees with the naive twin") {
-  if (cpu::hasAvx2()) agreesWithTwin(encoding_need::avx2::forHtml, encoding_need::avx2::forXml);
-}
-#endif

@@ -4,6 +4,7 @@
 
 #include "tests/markup/markup_text.h"
 #include "tests/reference/markup.h"
+#include "tests/support/forms.h"
 
 namespace {
 
@@ -101,17 +102,8 @@ void mayHave(bool (*kernel)(Utf32View) noexcept) {
 
 }  // namespace
 
-TEST_CASE("entity decoder: the plain form agrees with the naive twin") {
-  agreesWithTwin(entity_decoder::scalar::decode);
-  atEveryPlace(entity_decoder::scalar::decode);
-  mayHave(entity_decoder::scalar::mayHaveReferences);
+TEST_CASE("entity decoder: every form agrees with the naive twin") {
+  IN_EVERY_FORM(entity_decoder, agreesWithTwin(form::decode));
+  IN_EVERY_FORM(entity_decoder, atEveryPlace(form::decode));
+  IN_EVERY_FORM(entity_decoder, mayHave(form::mayHaveReferences));
 }
-
-#ifdef WIDE_AVX2
-TEST_CASE("entity decoder: the wide form agrees with the naive twin") {
-  if (!cpu::hasAvx2()) return;
-  agreesWithTwin(entity_decoder::avx2::decode);
-  atEveryPlace(entity_decoder::avx2::decode);
-  mayHave(entity_decoder::avx2::mayHaveReferences);
-}
-#endif

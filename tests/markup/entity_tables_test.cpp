@@ -5,6 +5,7 @@
 #include "markup/entity_lookup.h"
 #include "tests/markup/markup_text.h"
 #include "tests/reference/markup.h"
+#include "tests/support/forms.h"
 
 namespace {
 
@@ -51,12 +52,6 @@ TEST_CASE("entities: known records and gaps") {
   for (const std::string_view name : kNoName) CHECK(reference::characterNamed(markup_text::widened(name)) == 0);
 }
 
-TEST_CASE("entities: the plain lookups find every record and nothing else") {
-  findsEverything(entities::scalar::positionOf, entities::scalar::codeOf);
+TEST_CASE("entities: every form of the lookups finds every record and nothing else") {
+  IN_EVERY_FORM(entities, findsEverything(form::positionOf, form::codeOf));
 }
-
-#ifdef WIDE_AVX2
-TEST_CASE("entities: the wide lookups find every record and nothing else") {
-  if (cpu::hasAvx2()) findsEverything(entities::avx2::positionOf, entities::avx2::codeOf);
-}
-#endif

@@ -3,6 +3,7 @@
 #include <doctest/doctest.h>
 
 #include "tests/reference/markup.h"
+#include "tests/support/forms.h"
 #include "tests/support/placed_bytes.h"
 #include "tests/support/random_bytes.h"
 
@@ -32,10 +33,6 @@ void agreesWithTwin(Kernel kernel) {
 
 }  // namespace
 
-TEST_CASE("readiness: the plain form agrees with the naive twin") { agreesWithTwin(readiness::scalar::isReady); }
-
-#ifdef WIDE_AVX2
-TEST_CASE("readiness: the wide form agrees with the naive twin") {
-  if (cpu::hasAvx2()) agreesWithTwin(readiness::avx2::isReady);
+TEST_CASE("readiness: every form agrees with the naive twin") {
+  IN_EVERY_FORM(readiness, agreesWithTwin(form::isReady));
 }
-#endif

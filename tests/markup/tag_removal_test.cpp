@@ -3,6 +3,7 @@
 #include <doctest/doctest.h>
 
 #include "tests/reference/markup.h"
+#include "tests/support/forms.h"
 #include "tests/support/placed_bytes.h"
 #include "tests/support/random_bytes.h"
 
@@ -89,15 +90,9 @@ void agreesWithTwin(Remove remove, Size size) {
 
 }  // namespace
 
-TEST_CASE("tags: the plain form agrees with the naive twin") {
-  agreesWithTwin(tags::scalar::remove, tags::scalar::replacedSize);
+TEST_CASE("tags: every form agrees with the naive twin") {
+  IN_EVERY_FORM(tags, agreesWithTwin(form::remove, form::replacedSize));
 }
-
-#ifdef WIDE_AVX2
-TEST_CASE("tags: the wide form agrees with the naive twin") {
-  if (cpu::hasAvx2()) agreesWithTwin(tags::avx2::remove, tags::avx2::replacedSize);
-}
-#endif
 
 TEST_CASE("tags: sizes beyond 32 bits are counted, not made") {
   const std::string text = "<" + std::string(70'000, 'x');

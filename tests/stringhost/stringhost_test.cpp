@@ -58,7 +58,19 @@ class File {
   const char* name_;
 };
 
+/// The first bytes of a plugin file.
+std::string beginningOf(const char* plugin, std::size_t count) {
+  std::ifstream file(plugin, std::ios::binary);
+  std::string bytes(count, '\0');
+  file.read(bytes.data(), static_cast<std::streamsize>(count));
+  return bytes;
+}
+
 TEST_CASE("wrong usage is one line, a hint where there is one, and status 2") {
+  const char* const kNoLibrary = "stringhost_test.text";
+  const char* const kHalf = "stringhost_test.half";
+  const File noLibrary(kNoLibrary, "text");
+  const File half(kHalf, beginningOf(STRING_PLUGIN_FILE, 4000));
   const struct {
     Words words;
     std::string line;
@@ -77,24 +89,41 @@ TEST_CASE("wrong usage is one line, a hint where there is one, and status 2") {
        "no such service: REALLockStrings",
        "did you mean REALLockString?"},
       {{"call", "half", "--host-version", "new"},
-       "--host-version: 'new' is no version of the host",
+       "--host-version: 'new' is no version of the host (0 to 1000000)",
        "stringhost --help says more"},
-      {{"call", "half", "--repeat", "0"}, "--repeat: '0' is no number of calls", "stringhost --help says more"},
+      {{"call", "half", "--repeat", "0"},
+       "--repeat: '0' is no number of calls (1 to 1000000000)",
+       "stringhost --help says more"},
+      {{"call", "half", "--without", ""}, "no such service: ''", ""},
+      {{"--plugin", "", "list"}, "--plugin: the name of the file is empty", ""},
       {{"call", "halve", "a", "b"}, "no such method: halve", "did you mean half?"},
-      {{"call", "entirelyElse"}, "no such method: entirelyElse", ""},
-      {{"call", "half", "a"}, "1 argument doesn't fit half(a as string, b as string) as double", ""},
-      {{"call", "showsArguments", "x"}, "'x' is no integer of 32 bits, as number has to be", ""},
-      {{"call", "showsArguments", "2147483648"}, "'2147483648' is no integer of 32 bits, as number has to be", ""},
-      {{"call", "showsArguments", "1", "maybe"}, "'maybe' is no boolean (true or false), as flag has to be", ""},
-      {{"call", "isNegative", "1.5x"}, "'1.5x' is no number, as d has to be", ""},
+      {{"call", "entirelyElse"}, "no such method: entirelyElse", "stringhost list shows all"},
+      {{"call", "\x1B[31m\u009B\u202E\n"},
+       R"(no such method: \u001B[31m\u009B\u202E\u000A)",
+       "stringhost list shows all"},
+      {{"call", ""}, "no such method: ''", "stringhost list shows all"},
+      {{"call", "half", "a"}, "half takes 2 arguments, not 1", "stringhost help half says which"},
+      {{"call", "showsArguments", "1", "true", "x"},
+       "showsArguments takes 0 to 2 arguments, not 3",
+       "stringhost help showsArguments says which"},
+      {{"call", "showsArguments", "x"}, "'x' is not an integer of 32 bits, as number has to be", ""},
+      {{"call", "showsArguments", "2147483648"}, "'2147483648' is out of range for number, an integer of 32 bits", ""},
+      {{"call", "showsArguments", "1", "maybe"}, "'maybe' is not true or false, as flag has to be", ""},
+      {{"call", "isNegative", "1.5x"}, "'1.5x' is not a double, as d has to be", ""},
+      {{"call", "isNegative", "1e309"}, "'1e309' is out of range for d, a double", ""},
       {{"call", "isNull", "hex:4G"}, "hex:4G: 'G' is no hex digit", ""},
       {{"call", "isNull", "hex:414"}, "hex:414: two hex digits make a byte, one is missing", ""},
-      {{"call", "isNull", "@no such file"}, "no such file: cannot be read", ""},
+      {{"call", "isNull", "@no such file"}, "no such file: cannot be read: No such file or directory", ""},
+      {{"call", "isNull", "@"}, "@: the name of the file is empty", ""},
       {{"call", "isNull", "@."}, ".: is a directory", ""},
       {{"call", "half", "-", "-"}, "standard input can be read once; only one argument can be -", ""},
       {{"list", "a", "b"}, "one argument too many: b", ""},
       {{"list", "unheard"}, "no method matches: unheard", "stringhost list shows all"},
+      {{"list", "halve"}, "no method matches: halve", "did you mean half?"},
       {{"list", "--plugin", "nowhere.so"}, "nowhere.so: no such file", ""},
+      {{"list", "--plugin", "."}, ".: is a directory", ""},
+      {{"list", "--plugin", kNoLibrary}, kNoLibrary + ": is no library for this platform"s, ""},
+      {{"list", "--plugin", kHalf}, kHalf + ": is cut short: its headers speak of more than its 4000 bytes"s, ""},
   };
   for (const auto& c : kCases) {
     CAPTURE(c.line);
@@ -171,6 +200,10 @@ TEST_CASE("results of every type, into a pipe and on a terminal") {
       {{"call", "returnsTheArgument", "x\n"}, "x\n", "x\n\n"},
       {{"call", "returnsTheArgument", "hex:00FF"}, "\0\xFF"s, "hex:00FF\n"},
       {{"call", "returnsTheArgument", "hex:1B5B"}, "\x1B[", "hex:1B5B\n"},
+      {{"call", "returnsTheArgument", "\u009B2J"}, "\u009B2J", "hex:C29B324A\n"},
+      {{"call", "returnsTheArgument", "\u202Etxt"}, "\u202Etxt", "hex:E280AE747874\n"},
+      {{"call", "returnsTheArgument", "a\rb"}, "a\rb", "hex:610D62\n"},
+      {{"call", "returnsTheArgument", "a\r\n\u05D0\t"}, "a\r\n\u05D0\t", "a\r\n\u05D0\t\n"},
       {{"call", "returnsTheArgument", "\u00E9", "--encoding", "utf-16"}, "\xE9\0"s, "\u00E9\n"},
       {{"call", "returnsTheArgument", "\u00E9", "--encoding", "utf-16", "--output", "raw"}, "\xE9\0"s, "\xE9\0"s},
       {{"call", "returnsTheArgument", "\u00E9", "--output", "hex"}, "C3A9", "C3A9\n"},
@@ -220,6 +253,16 @@ TEST_CASE("the host is the one asked for") {
   CHECK(ran({"call", "readsTheLength", "abc", "--host-version", "2015.4"}).out == "3");
   CHECK(ranOnBuilt({"call", "NativeStringZQV", "abc"}).out == "abc");
   CHECK(ranOnBuilt({"call", "NativeStringZQV", "abc", "--without", "REALConvertString"}).out == "");
+  // Without such a service the plugin can't but break the balance.
+  for (const char* service : {"REALLockString", "REALUnlockString"}) {
+    const Run excused = ranOnBuilt({"call", "EncodingToHexZQV", "x", "--without", service});
+    CHECK(excused.out == "78");
+    CHECK(excused.err ==
+          "stringhost: references don't balance, as they cannot with the services this host is without\n");
+    CHECK(excused.status == kDone);
+  }
+  CHECK(ranOnBuilt({"call", "EncodingToHexZQV", "x", "--without", "PluginRegisterModule"}).err ==
+        "stringhost: the plugin registered no method with this host\n");
 }
 
 TEST_CASE("a call is repeated as often as asked, and timed") {
@@ -228,6 +271,9 @@ TEST_CASE("a call is repeated as often as asked, and timed") {
   CHECK(result.err.find("100 calls, ") == 0);
   CHECK(result.err.find(" ns each \u00B1 ") != std::string::npos);
   CHECK(ran({"call", "counts", "x"}).err == "");
+  CHECK(ran({"call", "counts", "x", "--repeat", "1"}).err.find("1 call, ") == 0);
+  CHECK(ran({"call", "counts", "x", "--repeat", "9", "--json"}).out.find(R"("timing":{"calls":9,"mean_ns":)") !=
+        std::string::npos);
 }
 
 TEST_CASE("explain shows the call as the host sees it") {
@@ -267,9 +313,10 @@ TEST_CASE("help shows the reference") {
   CHECK(told.out.find('`') == std::string::npos);
   CHECK(told.out.find("```") == std::string::npos);
   CHECK(told.out.find("\n    $ stringhost call EncodingToHexZQV") != std::string::npos);
-  CHECK(ran({"help", "EncodingToURLZQV"}).out.find("\"_\"") != std::string::npos);
+  CHECK(told.out.find("\n- Reads: bytes.") != std::string::npos);
   const std::string json = ran({"help", "--json", "_yDecodeStringZQV"}).out;
   CHECK(json.starts_with(R"({"name":"_yDecodeStringZQV","declarations":["_yDecodeStringZQV(data as string)"));
+  CHECK(ran({"help", "--json"}).out.find("," + json.substr(0, json.size() - 1)) != std::string::npos);
   CHECK(ran({"help", "EncodingToHexZQ"}).err ==
         "stringhost: no such method: EncodingToHexZQ\ndid you mean EncodingToHexZQV?\n");
   CHECK(ran({"help"}).out == ran({"--help"}).out);
@@ -368,6 +415,31 @@ TEST_CASE("colour is for terminals, unless it is refused") {
   CHECK_FALSE(isColoured(true));
 }
 
+/// A disk without room.
+class Full : public std::streambuf {};
+
+TEST_CASE("output that finds no room is one line and status 2") {
+  for (const Words& words : {Words{"list"},
+                             {"list", "--json"},
+                             {"--help"},
+                             {"--version"},
+                             {"help", "EncodingToHexZQV"},
+                             {"call", "EncodingToHexZQV", "x"},
+                             {"explain", "EncodingToHexZQV", "x"},
+                             {"tour"}}) {
+    CAPTURE(words[0]);
+    Full full;
+    std::istringstream in;
+    std::ostream out(&full);
+    std::ostringstream err;
+    Words all = {"--plugin", STRING_PLUGIN_FILE};
+    all.insert(all.end(), words.begin(), words.end());
+    CHECK(run(all, in, out, err, false) == kUsage);
+    CHECK(err.str().starts_with("stringhost: the output cannot be written"));
+    CHECK(err.str().find('\n') + 1 == err.str().size());
+  }
+}
+
 TEST_CASE("list shows what was registered") {
   CHECK(ran({"list", "half"}).out == "half(a as string, b as string) as double\n");
   CHECK(ran({"list", "IS*L"}).out == "isNull(s as string) as boolean\n");
@@ -434,11 +506,31 @@ TEST_CASE("command lines are split as a shell splits them") {
 }
 
 TEST_CASE("the nearest name") {
-  const Words names = {"EncodingToHexZQV", "EncodingToURLZQV", "_yDecodeStringZQV"};
-  CHECK(hintFor("encodingtohex", names) == "did you mean EncodingToHexZQV?");
-  CHECK(hintFor("EncodingToUrlZQC", names) == "did you mean EncodingToURLZQV?");
-  CHECK(hintFor("yDecodeString", names) == "did you mean _yDecodeStringZQV?");
-  CHECK(hintFor("banana", names) == "");
+  const Words names = {
+      "EncodingToHexZQV",   "EncodingToHTMLZQV", "EncodingToURLZQV", "DecodingFromURLZQV",          "_yDecodeStringZQV",
+      "CountOccurancesZQV", "StringXORZQV",      "StringXOR2ZQV",    "REALBuildStringWithEncoding", "REALBuildString"};
+  const struct {
+    const char* name;
+    const char* meant;
+  } kCases[] = {
+      {"encodingtohex", "EncodingToHexZQV"},
+      {"EncodingToUrlZQC", "EncodingToURLZQV"},
+      {"yDecodeString", "_yDecodeStringZQV"},
+      {"CountOccurrences", "CountOccurancesZQV"},
+      {"EncodeURL", "EncodingToURLZQV"},
+      {"HTMLEncode", "EncodingToHTMLZQV"},
+      {"DecodeUrl", "DecodingFromURLZQV"},
+      {"xor", "StringXORZQV"},
+      {"REALBuildStrin", "REALBuildString"},
+      {"BuildStringWith", "REALBuildStringWithEncoding"},
+      {"banana", nullptr},
+      {"x", nullptr},
+      {"", nullptr},
+  };
+  for (const auto& c : kCases) {
+    CAPTURE(c.name);
+    CHECK(hintFor(c.name, names) == (c.meant == nullptr ? "" : "did you mean "s + c.meant + "?"));
+  }
   CHECK(hintFor("x", {}) == "");
 }
 

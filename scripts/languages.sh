@@ -1,0 +1,9 @@
+# What the reference shows of other languages, run by their interpreters.
+
+slow_checks+=(languages)
+
+check_languages() {
+  install php-cli python3 nodejs
+  step 'languages' python3 tests/docs/languages.py docs/methods/*.md
+  tail -n 1 "$logs/languages.log"
+}
