@@ -9,6 +9,7 @@ const progress = document.getElementById('progress');
 const cancelButton = document.getElementById('cancel');
 const resultView = document.getElementById('result');
 
+const MOST_COMPLAINED = 2000;
 const FIRST = {method: 'EncodingToHTMLZQV', arguments: ['<b>Tom & Jérôme</b>, 5 €']};
 
 let methods = [];
@@ -102,7 +103,8 @@ function namedFiles() {
 
 /** Puts what stringhost says about a wrong call beside the field it is about. */
 function complain({err, wrongArgument}) {
-  const words = err.replace(/^stringhost: /, '').trim();
+  const all = err.replace(/^stringhost: /, '').trim();
+  const words = all.length > MOST_COMPLAINED ? `${all.slice(0, MOST_COMPLAINED)} …` : all;
   if (wrongArgument > 0) {
     fields[wrongArgument - 1].complain(words);
     fields[wrongArgument - 1].input.focus();
