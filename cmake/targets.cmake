@@ -23,6 +23,9 @@ set_target_properties(StringPlugin PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY
 
 # add_kernels(FILE...): sources that see no host type.
 function(add_kernels)
+  if(EMSCRIPTEN)  # there is nothing in the wide ones
+    list(FILTER ARGN EXCLUDE REGEX "_(avx2|avx512|neon)\\.cpp$")
+  endif()
   list(TRANSFORM ARGN PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
   target_sources(stringkernels PRIVATE ${ARGN})
 endfunction()

@@ -2,4 +2,4 @@
 set(EMSCRIPTEN_SYSTEM_PROCESSOR wasm32)
 include(/usr/share/emscripten/cmake/Modules/Platform/Emscripten.cmake)
 
-set(CMAKE_CXX_FLAGS_INIT "-fexceptions")
+set(CMAKE_CXX_FLAGS_INIT "-fwasm-exceptions")
