@@ -28,9 +28,23 @@ class Site:
         parts = re.split(r"^(?=#{2,3} )", index, flags=re.M)[1:]
         self.reading = "".join(part for part in parts if not re.search(r"^\|", part, re.M))
         self.others = [source.read_page(path) for path in sorted(DOCS.glob("*.md")) if path.stem != "README"]
+        self.take_from_readme()
         self.names = {page.name for page in self.groups + self.others}
         others = [(page.name + ".html", page.title) for page in self.others]
         self.tabs = [("index.html", "Methods"), ("playground.html", "Playground"), *others]
+
+    def take_from_readme(self):
+        """The README's own charts and figures go to the pages of the same names."""
+        for section in source.read_page(ROOT / "README.md").sections:
+            name = markdown.anchor(section.heading)
+            if name not in ("speed", "reliability"):
+                continue
+            section.blocks = [block for block in section.blocks if isinstance(block, source.Prose)]
+            page = next((page for page in self.others if page.name == name), None)
+            if page:
+                page.sections[0].blocks = section.blocks + page.sections[0].blocks
+            else:
+                self.others.append(source.Page(name, section.heading, [source.Section("", section.blocks)]))
 
     def link(self, target):
         """The site's own form of a link between the sources."""
@@ -39,7 +53,8 @@ class Site:
         path, _, fragment = target.partition("#")
         name = Path(path).name
         if name.endswith(".svg"):
-            return f"speed/{name}" if (DOCS / "speed" / name).exists() else None
+            picture = re.sub(r"^(\.\./|docs/)*", "", path)
+            return picture if (DOCS / picture).exists() else None
         if not name.endswith(".md"):
             return None
         if name == "README.md":
@@ -139,7 +154,10 @@ class Site:
         self.index()
         self.playground()
         self.search()
-        shutil.copytree(DOCS / "speed", self.folder / "speed")
+        for picture in DOCS.rglob("*.svg"):
+            copy = self.folder / picture.relative_to(DOCS)
+            copy.parent.mkdir(parents=True, exist_ok=True)
+            shutil.copy(picture, copy)
         for name in ("style.css", *sorted({*SCRIPTS, *PLAYGROUND_SCRIPTS})):
             shutil.copy(ASSETS / name, self.folder / name)
         self.machine(module)
