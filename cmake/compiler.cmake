@@ -4,7 +4,9 @@ set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
-set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+if(NOT EMSCRIPTEN)  # whose modules are never moved
+  set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+endif()
 
 # SANITIZE: what -fsanitize= gets; every target is built with it, and stops at the first finding.
 set(SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined")
@@ -43,7 +45,11 @@ target_compile_options(compiler_options INTERFACE
   -ffp-contract=off  # a fused multiply-add would change the distances from platform to platform
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)  # the same bytes, wherever the sources lie
 
-if(WIN32)
+if(EMSCRIPTEN)
+  # Constants and functions that choose a wide kernel stand idle where there is none, as do handles of libraries.
+  target_compile_options(compiler_options INTERFACE
+    -Wno-unused-const-variable -Wno-unused-function -Wno-unused-private-field)
+elseif(WIN32)
   # Everything runs without the compiler's own libraries at hand.
   target_link_options(compiler_options INTERFACE -static)
 elseif(CMAKE_CROSSCOMPILING)

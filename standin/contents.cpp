@@ -16,7 +16,7 @@ void Contents::reserve(std::size_t size, const Layout& layout) {
     if (layout.odd && !isOdd) --data_;
   } else {
     const std::size_t front = kFront + (layout.odd ? 1 : 0);
-    plain_ = std::make_unique_for_overwrite<std::uint8_t[]>(front + size + layout.tail);
+    plain_.reset(new std::uint8_t[front + size + layout.tail]);
     data_ = plain_.get() + front;
   }
   std::memset(data_ + size, layout.tailByte, layout.tail);

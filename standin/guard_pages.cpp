@@ -6,7 +6,7 @@
 
 #if defined(_WIN32)
 #include <windows.h>
-#elif defined(__unix__) || defined(__APPLE__)
+#elif (defined(__unix__) || defined(__APPLE__)) && !defined(__EMSCRIPTEN__)
 #include <sys/mman.h>
 #include <unistd.h>
 #else
@@ -34,7 +34,7 @@ void close(void* at, std::size_t size) {
 void hide(void* /*at*/, std::size_t /*size*/) {}
 void release(void* region, std::size_t /*size*/) { VirtualFree(region, 0, MEM_RELEASE); }
 
-#elif defined(__unix__) || defined(__APPLE__)
+#elif (defined(__unix__) || defined(__APPLE__)) && !defined(__EMSCRIPTEN__)
 
 constexpr bool kKeepsRegions = true;
 
