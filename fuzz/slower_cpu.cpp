@@ -3,8 +3,6 @@
 
 #ifdef WIDE_AVX2
 
-bool cpu::hasAvx2() noexcept { return OFFERED_AVX2; }
-
-bool cpu::hasAvx512() noexcept { return false; }
+unsigned cpu::askOffer() noexcept { return OFFERED_AVX2 ? kAsked | kAvx2 : kAsked; }
 
 #endif
