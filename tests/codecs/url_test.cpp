@@ -141,5 +141,8 @@ TEST_CASE("url: every byte by every choice of options, in a vector and alone") {
 
 TEST_CASE("url: every form agrees with the naive twins") {
   IN_EVERY_FORM(url, encodesAsTwin(form::encode));
+#ifdef WIDE_AVX512
+  if (cpu::hasAvx512()) encodesAsTwin(url::avx512::encode);
+#endif
   IN_EVERY_FORM(url, decodesAsTwin(form::decode));
 }
