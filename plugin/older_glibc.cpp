@@ -4,6 +4,7 @@
 /// 2.35; with these in their place it loads with glibc 2.17 too. They stay inside the plugin.
 
 #include <cerrno>
+#include <cstddef>
 #include <cstdint>
 #include <dlfcn.h>
 #include <link.h>

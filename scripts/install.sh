@@ -37,9 +37,12 @@ as_root() {
 # The libraries that let a 64-bit wine run 32-bit programs are in a package of the architecture i386. They are fetched
 # into the build folder, so that the system need not take in that architecture.
 install_wine32() {
-  if [ -d build/wine32/i386-windows ]; then return; fi
+  if has_wine32; then return; fi
+  rm -f build/windows-x86/build.ninja  # it was configured to run nothing
   step 'fetch the 32-bit libraries of wine' fetch_wine32
 }
+
+has_wine32() { [ -d build/wine32/i386-windows ]; }
 
 fetch_wine32() {
   local folder=$root/build/wine32

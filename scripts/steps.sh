@@ -11,14 +11,20 @@ fail() {
   exit "${2:-1}"
 }
 
-# step NAME COMMAND…: runs the command quietly and says how long it took.
+# step NAME COMMAND…: runs the command quietly and says how long it took; on a terminal also how far it is.
 step() {
-  local name=$1 start=$SECONDS status=0 log
+  local name=$1 start=$SECONDS status=0 log follower=
   shift
   mkdir -p "$logs"
   log=$logs/${name//[^a-z0-9-]/_}.log
   printf 'dev: %s … ' "$name" >&2
+  if [ -t 2 ]; then
+    follow "$name" "$log" &
+    follower=$!
+    disown "$follower"  # nobody wants to hear that it was ended
+  fi
   "$@" >"$log" 2>&1 </dev/null || status=$?
+  if [ -n "$follower" ]; then kill "$follower"; fi
   if [ $status -eq 0 ]; then
     printf 'ok (%d s)\n' $((SECONDS - start)) >&2
     return
@@ -26,4 +32,13 @@ step() {
   printf 'FAILED (%d s)\n' $((SECONDS - start)) >&2
   tail -n 60 "$log" >&2
   fail "$name failed; all it printed is in $log" $status
+}
+
+# follow NAME LOG: keeps saying which of its parts the build in LOG has come to.
+follow() {
+  local place
+  while sleep 0.5 && kill -0 $$ 2>/dev/null; do
+    place=$(tail -c 4096 "$2" | grep -oE '^\[[0-9]+/[0-9]+\]' | tail -n 1) || continue
+    printf '\r\033[Kdev: %s … %s ' "$1" "$place" >&2
+  done
 }

@@ -4,8 +4,12 @@
 
 #include "stringhost/usage_error.h"
 
-#ifdef _WIN32
+#if defined(_WIN32)
 #include <windows.h>
+#elif defined(__APPLE__)
+#include <cstdint>
+#include <mach-o/dyld.h>
+#include <string>
 #endif
 
 namespace stringhost {
@@ -15,10 +19,17 @@ namespace fs = std::filesystem;
 
 /// The folder of the running program's file; empty where the system doesn't tell.
 fs::path executableFolder() {
-#ifdef _WIN32
+#if defined(_WIN32)
   wchar_t path[32768];
   const DWORD length = GetModuleFileNameW(nullptr, path, 32768);
   return fs::path(path, path + length).parent_path();
+#elif defined(__APPLE__)
+  std::uint32_t size = 0;
+  _NSGetExecutablePath(nullptr, &size);
+  std::string path(size, '\0');
+  std::error_code failure;
+  if (_NSGetExecutablePath(path.data(), &size) != 0) return {};
+  return fs::canonical(path.c_str(), failure).parent_path();
 #else
   std::error_code failure;
   return fs::read_symlink("/proc/self/exe", failure).parent_path();
@@ -27,11 +38,7 @@ fs::path executableFolder() {
 
 /// The plugin built, unpacked or installed beside this program.
 fs::path neighbour() {
-#ifdef _WIN32
-  const fs::path name = "StringPlugin.dll";
-#else
-  const fs::path name = "StringPlugin.so";
-#endif
+  const fs::path name = PLUGIN_FILE_NAME;
   const fs::path folder = executableFolder();
   for (const fs::path& candidate : {folder / name, folder.parent_path() / name, folder.parent_path() / "lib" / name}) {
     std::error_code failure;

@@ -17,6 +17,7 @@
 #include "tests/support/forms.h"
 #include "tests/support/placed_bytes.h"
 #include "tests/support/random_bytes.h"
+#include "tests/support/skipped.h"
 
 using namespace std::string_view_literals;
 
@@ -121,11 +122,16 @@ TEST_CASE("charsets: decoding, then encoding, gives the bytes back but for undef
   CHECK(encoded(decoded(everyByte(), kCP1252), kCP1252) == expected);
 }
 
-#ifdef HAS_ICONV
 TEST_CASE("charsets: the tables are those of the C library") {
+#ifndef HAS_ICONV
+  testing::skipped("the C library converts nothing");
+#else
   for (const auto& [name, set] : {std::pair("ISO-8859-1", &kISO8859), std::pair("WINDOWS-1252", &kCP1252)}) {
     const iconv_t converter = iconv_open("UTF-16LE", name);
-    if (reinterpret_cast<std::intptr_t>(converter) == -1) continue;  // another platform's library may have none
+    if (reinterpret_cast<std::intptr_t>(converter) == -1) {
+      testing::skipped("the C library's conversions are not installed");
+      continue;
+    }
     for (char byte : everyByte()) {
       CAPTURE(byte);
       std::u16string character(1, u'\0');  // which is what undefined bytes leave it
@@ -138,8 +144,8 @@ TEST_CASE("charsets: the tables are those of the C library") {
     }
     iconv_close(converter);
   }
-}
 #endif
+}
 
 TEST_CASE("charsets: every form agrees with the naive twins") {
   IN_EVERY_FORM(charsets, agreesWithTwin(form::encode, form::decode));

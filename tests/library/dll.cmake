@@ -1,5 +1,5 @@
 # One check of the plugin as a DLL of Windows.
-#   cmake -DCHECK=… -DFILE=… -DPROCESSOR=… -DNM=… -DOBJDUMP=… -P dll.cmake
+#   cmake -DCHECK=… -DFILE=… -DPROGRAM=… -DPROCESSOR=… -DVERSION=… -DNM=… -DOBJDUMP=… -P dll.cmake
 include(${CMAKE_CURRENT_LIST_DIR}/expect.cmake)
 run(headers ${OBJDUMP} -p ${FILE})
 
@@ -37,13 +37,24 @@ endfunction()
 function(check_version)
   run(dump ${OBJDUMP} -s -j .rsrc ${FILE})
   string(REGEX REPLACE "\n [0-9a-f]+ [0-9a-f ]+  " "" text "${dump}")
-  expect("${text}" "F\\.i\\.l\\.e\\.V\\.e\\.r\\.s\\.i\\.o\\.n" "the version of the file")
+  string(REPLACE "." "..." version "${VERSION}")
+  expect("${text}" "F\\.i\\.l\\.e\\.V\\.e\\.r\\.s\\.i\\.o\\.n\\.+${version}\\.\\.\\." "the version of the file")
   expect("${text}" "S\\.t\\.r\\.i\\.n\\.g\\.P\\.l\\.u\\.g\\.i\\.n" "the name of the product")
 endfunction()
 
 function(check_streams)
   run(symbols ${NM} -C ${FILE}.debug)
   expect_no_streams("${symbols}")
+endfunction()
+
+# The command line brings a terminal's and a shell's services along, and still no library that is not the system's.
+function(check_program)
+  run(program ${OBJDUMP} -p ${PROGRAM})
+  string(REGEX REPLACE "DLL Name: (KERNEL32|SHELL32|msvcrt)\\.dll" "" rest "${program}")
+  expect_not("${rest}" "DLL Name: [^\n]*" "more than the system and the C runtime is needed")
+  expect("${program}" "DYNAMIC_BASE" "a random place in memory")
+  expect("${program}" "NX_COMPAT" "data that is not executable")
+  expect("${program}" "Time/Date[ \t]+Thu Jan  1 00:00:00 1970" "a file header without the time of the build")
 endfunction()
 
 cmake_language(CALL check_${CHECK})

@@ -1,16 +1,15 @@
 /// Exceptions in a file that carries the C++ runtime inside.
 
 #include <atomic>
-#include <dlfcn.h>
 #include <doctest/doctest.h>
 #include <thread>
 #include <vector>
 
+#include "standin/plugin_library.h"
+
 TEST_CASE("a file linked like the plugin throws and catches in every thread, the first time included") {
-  void* const module = dlopen(THROWING_MODULE, RTLD_NOW | RTLD_LOCAL);
-  REQUIRE_MESSAGE(module != nullptr, dlerror());
-  const auto throwThrough = reinterpret_cast<int (*)(int)>(dlsym(module, "REALPluginMain"));
-  REQUIRE(static_cast<bool>(throwThrough));
+  const standin::PluginLibrary module(THROWING_MODULE, standin::PluginLibrary::How::kInPlace);
+  const auto throwThrough = reinterpret_cast<int (*)(int)>(module.function("REALPluginMain"));
 
   constexpr int kThreads = 8;
   std::atomic<int> waiting = kThreads;

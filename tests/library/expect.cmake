@@ -32,6 +32,15 @@ function(expect_equal actual expected what)
   endif()
 endfunction()
 
+# Above 300 KB the file holds the wide kernels and the C++ runtime; it is not to grow unnoticed.
+function(check_size)
+  file(SIZE ${FILE} size)
+  message("${size} bytes")
+  if(size GREATER 450000)
+    message(SEND_ERROR "${size} bytes")
+  endif()
+endfunction()
+
 # expect_no_streams(SYMBOLS): the demangled names of everything that was linked.
 function(expect_no_streams symbols)
   expect("${symbols}" "REALPluginMain" "the entry point among the symbols")

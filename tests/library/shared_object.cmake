@@ -1,5 +1,5 @@
 # One check of the plugin as a shared object of Linux.
-#   cmake -DCHECK=… -DFILE=… -DPROCESSOR=… -DNM=… -DREADELF=… -DOBJDUMP=… -P shared_object.cmake
+#   cmake -DCHECK=… -DFILE=… -DPROGRAM=… -DPROCESSOR=… -DNM=… -DREADELF=… -DOBJDUMP=… -P shared_object.cmake
 include(${CMAKE_CURRENT_LIST_DIR}/expect.cmake)
 
 function(check_exports)
@@ -12,18 +12,22 @@ function(check_exports)
   expect_not("${symbols}" "stringkernels::[^\n]*" "functions for other programs")
 endfunction()
 
-function(check_dependencies)
-  run(dynamic ${READELF} -dW ${FILE})
+# expect_c_library_alone(DYNAMIC): what a file needs at run time.
+function(expect_c_library_alone dynamic)
   expect("${dynamic}" "NEEDED[^\n]*\\[libc\\.so\\.6\\]" "the C library")
   string(REGEX REPLACE "NEEDED[^\n]*\\[(libc\\.so\\.6|libm\\.so\\.6|ld-linux[-a-z0-9_]*\\.so\\.[0-9])\\]" "" rest
     "${dynamic}")
   expect_not("${rest}" "NEEDED[^\n]*" "more than the C library is needed")
 endfunction()
 
-# The newest version of the C library that any symbol asks for. 64-bit ARM begins with 2.17.
-function(check_symbol_versions)
-  set(newest_allowed 2.17)
-  run(symbols ${OBJDUMP} -T ${FILE})
+function(check_dependencies)
+  run(dynamic ${READELF} -dW ${FILE})
+  expect_c_library_alone("${dynamic}")
+endfunction()
+
+# expect_glibc(FILE NEWEST): the newest version of the C library that any symbol asks for.
+function(expect_glibc file newest_allowed)
+  run(symbols ${OBJDUMP} -T ${file})
   string(REGEX MATCHALL "GLIBC_[0-9.]+" versions "${symbols}")
   list(REMOVE_DUPLICATES versions)
   list(SORT versions COMPARE NATURAL)
@@ -33,6 +37,11 @@ function(check_symbol_versions)
   if(newest VERSION_GREATER newest_allowed)
     message(SEND_ERROR "needs glibc ${newest}, newer than ${newest_allowed}")
   endif()
+endfunction()
+
+# 64-bit ARM begins with 2.17.
+function(check_symbol_versions)
+  expect_glibc(${FILE} 2.17)
 endfunction()
 
 function(check_hardening)
@@ -72,6 +81,16 @@ endfunction()
 function(check_streams)
   run(symbols ${NM} -C ${FILE}.debug)
   expect_no_streams("${symbols}")
+endfunction()
+
+# The command line runs on what it was built on and newer; it carries the C++ runtime as the plugin does.
+function(check_program)
+  run(dynamic ${READELF} -dW ${PROGRAM})
+  expect_c_library_alone("${dynamic}")
+  expect("${dynamic}" "Flags: NOW PIE" "a random place in memory, all symbols bound at load time")
+  expect_glibc(${PROGRAM} 2.36)
+  run(sections ${READELF} -SW ${PROGRAM})
+  expect_not("${sections}" "\\.(symtab|debug_info)" "not stripped")
 endfunction()
 
 cmake_language(CALL check_${CHECK})
