@@ -126,11 +126,22 @@ class RareByte {
 /// Patterns that are short enough to be compared at all places of a block at once.
 constexpr std::size_t kShortPattern = 16;
 
+/// Patterns that are compared as quickly as their anchors are looked for.
+constexpr std::size_t kTinyPattern = 4;
+
+/// The places of a block where a tiny pattern occurs.
+AVX2_FUNCTION inline std::uint64_t occurrencesOfTiny(const std::uint8_t* places, ByteView pattern) noexcept {
+  Equal found = equal(places, wide::all(pattern[0]));
+  for (std::size_t i = 1; i < pattern.size(); ++i) found = both(found, equal(places + i, wide::all(pattern[i])));
+  return bits(found);
+}
+
 /// The places of a block where a short pattern occurs.
 AVX2_FUNCTION inline std::uint64_t occurrences(const std::uint8_t* places, ByteView pattern, Anchors anchors) noexcept {
+  if (pattern.size() <= kTinyPattern) return occurrencesOfTiny(places, pattern);
   Equal found = both(equal(places + anchors.first, wide::all(pattern[anchors.first])),
                      equal(places + anchors.second, wide::all(pattern[anchors.second])));
-  if (pattern.size() == 2 || bits(found) == 0) return bits(found);
+  if (bits(found) == 0) return 0;
   for (std::size_t i = 0; i < pattern.size(); ++i) found = both(found, equal(places + i, wide::all(pattern[i])));
   return bits(found);
 }

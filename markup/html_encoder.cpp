@@ -6,6 +6,7 @@
 #include "markup/html_references.h"
 #include "markup/markup_characters.h"
 #include "markup/output_limit.h"
+#include "memory/wrapping.h"
 
 namespace {
 
@@ -28,7 +29,7 @@ std::uint8_t* writeCodePoint(char32_t codePoint, html::Markup markup, std::uint8
 }
 
 /// True when a block is printable ASCII that is written as it is.
-[[nodiscard]] bool areOrdinary(const char32_t* block, html::Markup markup) noexcept {
+[[nodiscard]] WRAPPING_FUNCTION bool areOrdinary(const char32_t* block, html::Markup markup) noexcept {
   const unsigned escape = markup == html::Markup::kEscape ? 1 : 0;
   unsigned special = 0;
   for (std::size_t i = 0; i < kBlock; ++i) {  // without branches, for the compiler to widen

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "memory/wrapping.h"
+
 namespace tags {
 
 /// Where things are among up to 64 bytes, a bit each.
@@ -25,7 +27,8 @@ struct Sorted {
 }
 
 /// The places at depth 0, found one bracket after the other.
-[[nodiscard]] inline std::uint64_t atDepthZero(const Brackets& brackets, std::int64_t& depth) noexcept {
+[[nodiscard]] WRAPPING_FUNCTION inline std::uint64_t atDepthZero(const Brackets& brackets,
+                                                                 std::int64_t& depth) noexcept {
   std::uint64_t outside = depth == 0 ? ~std::uint64_t{0} : 0;
   for (std::uint64_t left = brackets.opening | brackets.closing; left != 0; left &= left - 1) {
     depth += (brackets.opening & left & (0 - left)) != 0 ? 1 : -1;
