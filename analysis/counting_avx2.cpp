@@ -93,7 +93,7 @@ class RareByte {
   static constexpr std::size_t kFirstPause = 4 * kGroup;
 
   /// Where in a group the byte stands first; the length of the group when it doesn't.
-  AVX2_FUNCTION [[nodiscard]] inline std::size_t findIn(const std::uint8_t* group) const noexcept {
+  [[nodiscard]] AVX2_FUNCTION inline std::size_t findIn(const std::uint8_t* group) const noexcept {
     const Equal front = equal(group, byte_);
     const Equal back = equal(group + kBlock, byte_);
     const __m256i any = _mm256_or_si256(_mm256_or_si256(front.low, front.high), _mm256_or_si256(back.low, back.high));
@@ -103,7 +103,7 @@ class RareByte {
                                                  : static_cast<int>(kBlock) + std::countr_zero(bits(back)));
   }
 
-  AVX2_FUNCTION [[nodiscard]] std::size_t find(std::size_t i) const noexcept {
+  [[nodiscard]] AVX2_FUNCTION std::size_t find(std::size_t i) const noexcept {
     if (i + kGroup > places_) return i;
     std::size_t position = findIn(bytes_ + i);
     if (position != kGroup) return i + position;

@@ -180,7 +180,7 @@ constexpr Reason kReasons[] = {
     {"MySQL unescape", "no escapes", kAnySize, kHostCopies},
     {"compare bytes", nullptr, kAnySize, "lies within a nanosecond or two of one call, which is memcmp itself"},
     {"compare characters", nullptr, 256, "asks the host for both encodings first"},
-    {"count", "rare word", 4096, "choosing the rarest byte takes as long as the search"},
+    {"count", "rare word", 4096, "memchr scans half again as fast while the text is in the nearest cache"},
     {"SQL booleans", "statements", kAnySize, "words come anywhere: about a mispredicted branch for 32 bytes"},
     {"Str", "whole numbers", kAnySize, kMostlyHost},
     {"Scientific", nullptr, kAnySize, "is std::to_chars itself, called through one function more"},
