@@ -118,9 +118,9 @@ Result distance(Utf32View a, Utf32View b) noexcept {
   if (std::max(a.size(), b.size()) <= 64) {
     matches = matchWords(a, b);
   } else {
-    const WorkBuffer matchedA(std::ssize(a) * 4);
+    const WorkBuffer matchedA(std::int64_t{4} * std::ssize(a));
     if (!matchedA) return {0.0, Shortage::kFirstText};
-    const WorkBuffer next(std::ssize(b) * 4);
+    const WorkBuffer next(std::int64_t{4} * std::ssize(b));
     if (!next || !matchQueues(a, b, matchedA.units<char32_t>(), next.units<std::uint32_t>(), matches)) {
       return {0.0, Shortage::kSecondText};
     }

@@ -175,7 +175,8 @@ char* writeDecimals(Cursor cursor, Fraction fraction) noexcept {
 }  // namespace
 
 std::size_t number_format::quick::writeFixed(double value, Text& text) noexcept {
-  const auto bits = std::bit_cast<std::uint64_t>(value);
+  std::uint64_t bits = 0;
+  std::memcpy(&bits, &value, sizeof bits);
   Cursor cursor{text.data(), 0};
   if (bits >> 63 != 0) {
     *cursor.out++ = '-';

@@ -1,6 +1,5 @@
 #include "stringhost/output.h"
 
-#include <charconv>
 #include <cmath>
 #include <nlohmann/json.hpp>
 #include <optional>
@@ -8,6 +7,7 @@
 
 #include "standin/transcode.h"
 #include "stringhost/encoding_names.h"
+#include "stringhost/numbers.h"
 #include "stringhost/printable.h"
 #include "stringhost/timing.h"
 
@@ -31,12 +31,7 @@ std::string shown(const standin::Text& text) {
   return utf8 && isPrintable(*utf8) ? *utf8 : "hex:" + hexDigits(text.bytes);
 }
 
-/// The shortest digits that read back as the same number.
-std::string digits(double number) {
-  if (std::isnan(number)) return "nan";
-  char buffer[32];
-  return {buffer, std::to_chars(buffer, buffer + sizeof buffer, number).ptr};
-}
+std::string digits(double number) { return std::isnan(number) ? "nan" : numbers::shortest(number); }
 
 /// The bytes of a string or memory block; nothing for other values.
 template <typename Value>

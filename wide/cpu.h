@@ -29,9 +29,9 @@
 
 namespace cpu {
 
-#ifdef WIDE_AVX2
+#if defined(WIDE_AVX2) || defined(WIDE_NEON_IS_OPTIONAL)
 /// What the CPU offers, a bit each. Nothing is known before the first question.
-enum Offer : unsigned { kUnknown = 0, kAsked = 1, kAvx2 = 2, kAvx512 = 4 };
+enum Offer : unsigned { kUnknown = 0, kAsked = 1, kAvx2 = 2, kAvx512 = 4, kNeon = 8 };
 
 /// The answer, once it is known.
 inline constinit std::atomic<unsigned> knownOffer{kUnknown};
@@ -43,7 +43,9 @@ unsigned askOffer() noexcept;
   const unsigned known = knownOffer.load(std::memory_order_relaxed);
   return known != kUnknown ? known : askOffer();
 }
+#endif
 
+#ifdef WIDE_AVX2
 /// True when the CPU has AVX2, BMI1, BMI2, LZCNT and POPCNT and the system saves the wide registers.
 [[nodiscard]] inline bool hasAvx2() noexcept { return (offer() & kAvx2) != 0; }
 
@@ -52,8 +54,8 @@ unsigned askOffer() noexcept;
 #endif
 
 #ifdef WIDE_NEON_IS_OPTIONAL
-/// True when the CPU has NEON. Asks the system once and keeps the answer.
-[[nodiscard]] bool hasNeon() noexcept;
+/// True when the CPU has NEON.
+[[nodiscard]] inline bool hasNeon() noexcept { return (offer() & kNeon) != 0; }
 #elif defined(WIDE_NEON)
 [[nodiscard]] constexpr bool hasNeon() noexcept { return true; }
 #endif
