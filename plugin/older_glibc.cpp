@@ -86,10 +86,13 @@ int pthread_once(pthread_once_t* control, void (*initialise)()) {
 /// The compiler's libraries take its presence for a sign that there may be threads. Nothing that is linked here
 /// keeps data by key, and none is handed out.
 int __pthread_key_create(pthread_key_t*, void (*)(void*)) noexcept { return EAGAIN; }
+}
+
+#endif
+
+extern "C" {
 
 /// Whether the process has one thread only, so that counting needs no atomic steps (glibc 2.32). There may always be
 /// more.
 char __libc_single_threaded = 0;
 }
-
-#endif
