@@ -93,7 +93,7 @@ class RareByte {
   static constexpr std::size_t kFirstPause = 4 * kGroup;
 
   /// Where in a group the byte stands first; the length of the group when it doesn't.
-  AVX2_FUNCTION [[nodiscard]] inline std::size_t findIn(const std::uint8_t* group) const noexcept {
+  [[nodiscard]] AVX2_FUNCTION inline std::size_t findIn(const std::uint8_t* group) const noexcept {
     const Equal front = equal(group, byte_);
     const Equal back = equal(group + kBlock, byte_);
     const __m256i any = _mm256_or_si256(_mm256_or_si256(front.low, front.high), _mm256_or_si256(back.low, back.high));
@@ -103,7 +103,7 @@ class RareByte {
                                                  : static_cast<int>(kBlock) + std::countr_zero(bits(back)));
   }
 
-  AVX2_FUNCTION [[nodiscard]] std::size_t find(std::size_t i) const noexcept {
+  [[nodiscard]] AVX2_FUNCTION std::size_t find(std::size_t i) const noexcept {
     if (i + kGroup > places_) return i;
     std::size_t position = findIn(bytes_ + i);
     if (position != kGroup) return i + position;
@@ -126,11 +126,22 @@ class RareByte {
 /// Patterns that are short enough to be compared at all places of a block at once.
 constexpr std::size_t kShortPattern = 16;
 
+/// Patterns that are compared as quickly as their anchors are looked for.
+constexpr std::size_t kTinyPattern = 4;
+
+/// The places of a block where a tiny pattern occurs.
+AVX2_FUNCTION inline std::uint64_t occurrencesOfTiny(const std::uint8_t* places, ByteView pattern) noexcept {
+  Equal found = equal(places, wide::all(pattern[0]));
+  for (std::size_t i = 1; i < pattern.size(); ++i) found = both(found, equal(places + i, wide::all(pattern[i])));
+  return bits(found);
+}
+
 /// The places of a block where a short pattern occurs.
 AVX2_FUNCTION inline std::uint64_t occurrences(const std::uint8_t* places, ByteView pattern, Anchors anchors) noexcept {
+  if (pattern.size() <= kTinyPattern) return occurrencesOfTiny(places, pattern);
   Equal found = both(equal(places + anchors.first, wide::all(pattern[anchors.first])),
                      equal(places + anchors.second, wide::all(pattern[anchors.second])));
-  if (pattern.size() == 2 || bits(found) == 0) return bits(found);
+  if (bits(found) == 0) return 0;
   for (std::size_t i = 0; i < pattern.size(); ++i) found = both(found, equal(places + i, wide::all(pattern[i])));
   return bits(found);
 }

@@ -31,7 +31,7 @@ struct BriefText {
   }
 
   /// Where a byte stands, a bit for each position; perhaps beyond the end, too.
-  AVX2_FUNCTION [[nodiscard]] inline std::uint64_t positionsOf(std::uint8_t byte) const noexcept {
+  [[nodiscard]] AVX2_FUNCTION inline std::uint64_t positionsOf(std::uint8_t byte) const noexcept {
     const __m256i wanted = wide::all(byte);
     const std::uint64_t inFront = wide::bits(_mm256_cmpeq_epi8(front, wanted));
     if (backStart == 0) return inFront;

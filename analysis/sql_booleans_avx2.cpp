@@ -39,7 +39,7 @@ struct Starts {
     fal = _mm256_and_si256(_mm256_and_si256(areEqual(first, 'f'), areEqual(second, 'a')), areEqual(third, 'l'));
   }
 
-  AVX2_FUNCTION [[nodiscard]] inline unsigned marks() const noexcept { return wide::bits(_mm256_or_si256(tru, fal)); }
+  [[nodiscard]] AVX2_FUNCTION inline unsigned marks() const noexcept { return wide::bits(_mm256_or_si256(tru, fal)); }
 };
 
 /// Marks the delimiters among 32 bytes.

@@ -2,6 +2,13 @@
 
 include(GNUInstallDirs)
 
+# Where the plugin is installed. Windows has libraries beside its programs.
+if(WIN32)
+  set(INSTALLED_PLUGIN_FOLDER ${CMAKE_INSTALL_BINDIR})
+else()
+  set(INSTALLED_PLUGIN_FOLDER ${CMAKE_INSTALL_LIBDIR})
+endif()
+
 # Kernels: the C++ standard library and nothing else. What they are built with is no concern of those who link them.
 add_library(stringkernels STATIC)
 target_link_libraries(stringkernels PRIVATE $<BUILD_INTERFACE:shipped_options>)

@@ -12,6 +12,9 @@ namespace {
 /// From this many bytes on the wide registers win.
 constexpr std::size_t kWideFrom = 32;
 
+/// From this many on the widest do.
+constexpr std::size_t kAvx512From = 128;
+
 constexpr bool isWide(std::size_t size) noexcept { return size >= kWideFrom; }
 
 constexpr std::array<EscapedByte, 256> kWritten = [] {
@@ -44,6 +47,9 @@ std::size_t countEscapes(ByteView text) noexcept {
 }
 
 std::uint8_t* encodeText(ByteView text, std::uint8_t* out) noexcept {
+#ifdef WIDE_AVX512
+  if (text.size() >= kAvx512From && cpu::hasAvx512()) return email_subject::avx512::encode(text, out);
+#endif
 #ifdef WIDE_AVX2
   if (isWide(text.size()) && cpu::hasAvx2()) return email_subject::avx2::encode(text, out);
 #endif

@@ -148,7 +148,7 @@ class Parser {
  private:
   void addList() {
     list_ = app_.add_subcommand("list", "List the methods the plugin registers")->fallthrough();
-    list_->add_option("PATTERN", line_.pattern, "A part of the name, or with * and ? the whole of it");
+    list_->add_option("PATTERN", line_.pattern, "A part of the name, or with * and ? the whole of it")->type_name("");
     list_->add_flag("--json", line_.asJson, "As JSON: name, declaration, parameters, result");
   }
 

@@ -71,4 +71,9 @@ TEST_CASE("email subject: long texts") {
 TEST_CASE("email subject: every form agrees with the naive twin") {
   IN_FORM(email_subject, scalar, agreesWithTwin(form::findNotPlain, form::countEscapes, form::encode, 0));
   IN_WIDE_FORM(email_subject, agreesWithTwin(form::findNotPlain, form::countEscapes, form::encode, 32));
+#ifdef WIDE_AVX512
+  namespace rest = email_subject::avx2;
+  const auto encode = email_subject::avx512::encode;
+  if (cpu::hasAvx512()) agreesWithTwin(rest::findNotPlain, rest::countEscapes, encode, 32);
+#endif
 }

@@ -121,4 +121,7 @@ TEST_CASE("url: every byte by every choice of options, in a vector and alone") {
 
 TEST_CASE("url: every form agrees with the naive twins") {
   IN_EVERY_FORM(url, agreesWithTwins(form::encode, form::decode));
+#ifdef WIDE_AVX512
+  if (cpu::hasAvx512()) agreesWithTwins(url::avx512::encode, url::avx2::decode);
+#endif
 }

@@ -108,8 +108,7 @@ const Report kReports[] = {
 };
 
 /// A long text made of the same few bytes, told from another without a second one.
-bool repeats(const Text& text, std::string_view bytes, std::int64_t size) {
-  const std::string_view whole = text.bytes;
+bool repeats(std::string_view whole, std::string_view bytes, std::int64_t size) {
   return std::ssize(whole) == size && whole.starts_with(bytes) &&
          whole.substr(bytes.size()) == whole.substr(0, whole.size() - bytes.size());
 }
@@ -170,20 +169,20 @@ TEST_SUITE("huge" * doctest::skip()) {
         {"EncodingToQuotedPrintableZQV", {stretched(raw("="), 715'827'881), INT32_MAX}, "=3D", 2'147'483'643},
         {"EncodingToHTMLZQV", {stretched(ascii("&"), 429'496'729)}, "&amp;", 2'147'483'645},
         {"StringXORZQV", {stretched(raw("ab"), kMost - 5), raw("  ")}, "AB", kMost - 5},
-        {"ConcatBinaryStringsZQV", {stretched(raw("ab"), kMost - 11), raw("b")}, "ab", kMost - 10},
+        {"ConcatBinaryStringsZQV", {stretched(raw("ab"), kMost - 11), raw("a")}, "ab", kMost - 10},
         {"DecodingFromURLZQV", {stretched(raw("ab"), kMost)}, "ab", kMost},
         {"DecodingFromMySQLZQV", {stretched(raw("ab"), kMost)}, "ab", kMost},
         {"_yDecodeStringZQV", {stretched(raw("kl"), kMost)}, "AB", kMost},
         {"ReplaceNonPrintableCharactersZQV", {stretched(raw("\a"), kMost)}, ".", kMost},
         {"RemoveHTMLTagsWithZQV", {stretched(utf8("<a"), kMost), utf8("ab")}, "ab", kMost - 1},
-        {"SQLReplaceBooleanZQV", {stretched(utf8("ab"), kMost)}, "ab", kMost},
+        {"SQLReplaceBooleanZQV", {stretched(utf8("a"), kMost)}, "a", kMost},
     };
     for (const Case& c : cases) {
       Session session;
       const Outcome outcome = call(session, c.method, c.arguments);
       CAPTURE(std::string(c.method));
       CHECK_FALSE(outcome.exception.has_value());
-      CHECK(repeats(outcome.text(), c.bytes, c.size));
+      CHECK(repeats(outcome.text().bytes, c.bytes, c.size));
     }
   }
 
@@ -218,7 +217,7 @@ TEST_SUITE("huge" * doctest::skip()) {
       if (outcome.exception) {
         CHECK(outcome.exception->message == "Failed to allocate a memoryblock with 2147483647 bytes in size.");
       } else {
-        CHECK(repeats(raw(outcome.block().bytes), "AB", static_cast<std::int64_t>(size)));
+        CHECK(repeats(outcome.block().bytes, "AB", static_cast<std::int64_t>(size)));
       }
     }
   }
