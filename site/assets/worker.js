@@ -28,14 +28,26 @@ function packed(words) {
   return bytes;
 }
 
+/** From here on a file is only looked at through the browser: such a one is too large to be read. */
+const LARGE = 2 ** 30;
+
+/** Puts files where their names find them. Read in one go: through the browser each block would be asked for anew. */
+async function provide(host, files) {
+  const isLarge = ({data}) => data.size >= LARGE;
+  host.FS.mkdir('/files');
+  host.FS.mkdir('/large');
+  host.FS.mount(host.WORKERFS, {blobs: files.filter(isLarge).map(({name, data}) => ({name, data}))}, '/large');
+  for (const file of files) {
+    if (isLarge(file)) host.FS.symlink(`/large/${file.name}`, `/files/${file.name}`);
+    else host.FS.writeFile(`/files/${file.name}`, new Uint8Array(await file.data.arrayBuffer()), {canOwn: true});
+  }
+  host.FS.chdir('/files');
+}
+
 /** Runs a line, or words that follow the program's name. Files are found by their names. */
 async function run({line, words, files}) {
   const host = await freshInstance();
-  if (files && files.length > 0) {
-    host.FS.mkdir('/files');
-    host.FS.mount(host.WORKERFS, {blobs: files.map(({name, data}) => ({name, data}))}, '/files');
-    host.FS.chdir('/files');
-  }
+  if (files && files.length > 0) await provide(host, files);
   const input = words ? packed(words) : new TextEncoder().encode(line);
   const address = host._malloc(Math.max(input.length, 1)) >>> 0;
   if (address === 0) return {status: 2, wrongArgument: 0, out: '', err: 'stringhost: not enough memory\n'};
