@@ -42,7 +42,7 @@ class RandomTexts {
       const std::size_t kind = below(4);
       if (kind == 0) std::swap(text[place], text[place + 1]);
       if (kind == 1) text.erase(place, 1);
-      if (kind == 2) text.insert(place, of(alphabet, 1));
+      if (kind == 2) text.insert(place, 1, of(alphabet, 1)[0]);
       if (kind == 3) text[place] = of(alphabet, 1)[0];
     }
     return text;
