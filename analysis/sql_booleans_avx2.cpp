@@ -5,6 +5,7 @@
 
 #include "analysis/sql_booleans_quotes.h"
 #include "analysis/sql_booleans_words.h"
+#include "memory/wrapping.h"
 #include "wide/vectors.h"
 
 namespace {
@@ -74,7 +75,8 @@ struct Keywords {
 
 }  // namespace
 
-AVX2_FUNCTION void sql_booleans::avx2::rewrite(ByteView sql, ByteSpan out, Progress& progress) noexcept {
+WRAPPING_FUNCTION AVX2_FUNCTION void sql_booleans::avx2::rewrite(ByteView sql, ByteSpan out,
+                                                                 Progress& progress) noexcept {
   const std::uint8_t* const in = sql.data();
   std::size_t read = progress.read;
   std::uint8_t* to = out.data() + progress.written;  // where the byte at `read` goes

@@ -28,8 +28,9 @@ check_coverage() {
     step 'test coverage without avx2' qemu-x86_64 -cpu Nehalem build/coverage/tests/methods/methods_tests
   fi
   grep -q avx512_vbmi2 /proc/cpuinfo || kernels_of_no_use=(--exclude '.*_avx512\.cpp')
-  step 'coverage' gcovr --config gcovr.cfg --txt build/coverage/coverage.txt --print-summary --html-details build/coverage/coverage.html \
-    "${kernels_of_no_use[@]}" build/coverage
+  mkdir -p build/coverage/report
+  step 'coverage' gcovr --config gcovr.cfg --txt build/coverage/coverage.txt --print-summary \
+    --html-details build/coverage/report/index.html "${kernels_of_no_use[@]}" build/coverage
   tail -n 4 build/coverage/coverage.txt >&2
 }
 
