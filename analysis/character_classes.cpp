@@ -1,6 +1,7 @@
 /// The plain form of byte ranges, and the choice between the forms.
 #include "analysis/character_classes.h"
 
+#include "memory/wrapping.h"
 #include "wide/byte_word.h"
 
 namespace {
@@ -21,9 +22,9 @@ Word loadShort(const std::uint8_t* bytes, std::size_t count) noexcept {
 }
 
 /// Not 0 when one of 8 bytes is below 0x20. The first such byte, and none before it, borrows from the next one.
-Word controls(Word word) noexcept { return (word - kSpaces) & ~word & kHighBits; }
+WRAPPING_FUNCTION Word controls(Word word) noexcept { return (word - kSpaces) & ~word & kHighBits; }
 
-Word nonPrintables(Word word) noexcept { return ((word - kSpaces) | word) & kHighBits; }
+WRAPPING_FUNCTION Word nonPrintables(Word word) noexcept { return ((word - kSpaces) | word) & kHighBits; }
 
 template <Word (*kOutsiders)(Word)>
 bool areAllInside(ByteView bytes) noexcept {

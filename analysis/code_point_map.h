@@ -9,6 +9,7 @@
 
 #include "memory/byte_view.h"
 #include "memory/heap_units.h"
+#include "memory/wrapping.h"
 
 /// Maps any 32-bit value to a number, 0 where none was stored. Code points below 256 index a table, all others are
 /// hashed (open addressing, linear probing). Up to 64 of those need no memory beyond the object.
@@ -51,7 +52,7 @@ class CodePointMap {
     char32_t codePoint;
   };
 
-  [[nodiscard]] Place& place(char32_t codePoint) noexcept {
+  [[nodiscard]] WRAPPING_FUNCTION Place& place(char32_t codePoint) noexcept {
     std::size_t i = static_cast<std::size_t>((codePoint * multiplier_) >> 32) & mask_;
     while (places_[i].number != 0 && places_[i].codePoint != codePoint) i = (i + 1) & mask_;
     return places_[i];
@@ -70,7 +71,7 @@ class CodePointMap {
 };
 
 template <typename Number>
-CodePointMap<Number>::CodePointMap(Utf32View a, Utf32View b) noexcept {
+WRAPPING_FUNCTION CodePointMap<Number>::CodePointMap(Utf32View a, Utf32View b) noexcept {
   // Whoever makes up texts doesn't know where in memory the map lies, and so can't make up collisions.
   multiplier_ = (static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(this)) * 0x9E37'79B9'7F4A'7C15) | 1;
   if (a.size() + b.size() >= kDirect) {

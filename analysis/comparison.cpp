@@ -17,6 +17,7 @@ int comparison::compareZeroExtended(ByteView a, ByteView b) noexcept {
   const std::size_t common = std::min(a.size(), b.size());
   const int order = common == 0 ? 0 : std::memcmp(a.data(), b.data(), common);
   if (order != 0) return order < 0 ? -1 : 1;
+  if (a.size() == b.size()) return 0;
   if (!isAllZero(a.subspan(common))) return 1;
   return isAllZero(b.subspan(common)) ? 0 : -1;
 }

@@ -5,6 +5,7 @@
 
 #include "analysis/counting_anchors.h"
 #include "analysis/counting_two_way.h"
+#include "memory/wrapping.h"
 #include "wide/byte_word.h"
 
 namespace counting {
@@ -17,7 +18,7 @@ std::uint64_t zeroBytes(std::uint64_t word) noexcept {
 }
 
 /// The sum of the eight bytes.
-std::uint64_t sumOfBytes(std::uint64_t word) noexcept {
+WRAPPING_FUNCTION std::uint64_t sumOfBytes(std::uint64_t word) noexcept {
   constexpr std::uint64_t kEvenBytes = 0x00FF'00FF'00FF'00FF;
   return ((word & kEvenBytes) + ((word >> 8) & kEvenBytes)) * 0x0001'0001'0001'0001 >> 48;
 }
@@ -77,8 +78,7 @@ std::int64_t scalar::count(ByteView text, ByteView pattern) noexcept {
 std::int64_t count(ByteView text, ByteView pattern) noexcept {
   if (pattern.empty() || pattern.size() > text.size()) return 0;
 #ifdef WIDE_AVX2
-  constexpr std::size_t kPlacesAtATime = 64;
-  if (text.size() - pattern.size() >= kPlacesAtATime && cpu::hasAvx2()) return avx2::count(text, pattern);
+  if (cpu::hasAvx2()) return avx2::count(text, pattern);
 #endif
 #ifdef WIDE_NEON
   constexpr std::size_t kPlacesAtATime = 64;

@@ -23,6 +23,12 @@ namespace scalar {
 namespace avx2 {
 /// The twin of `scalar::count` for CPUs with AVX2.
 [[nodiscard]] std::int64_t count(ByteView text, ByteView pattern) noexcept;
+
+/// Texts of at most this many bytes are held in registers.
+inline constexpr std::size_t kBrief = 64;
+
+/// The same for such texts.
+[[nodiscard]] std::int64_t countInBrief(ByteView text, ByteView pattern) noexcept;
 }  // namespace avx2
 #endif
 #ifdef WIDE_NEON

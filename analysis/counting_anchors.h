@@ -26,6 +26,18 @@ inline constexpr std::array<std::uint8_t, 256> kCommonness = [] {
   return commonness;
 }();
 
+/// The anchors are chosen among so many bytes at the start of a pattern.
+inline constexpr std::size_t kConsidered = 32;
+
+/// The offset of the rarest byte among the first ones of a pattern that isn't empty.
+[[nodiscard]] inline std::size_t rarestByte(ByteView pattern) noexcept {
+  // Commonness and offset in one number, so that the least one is found without branches.
+  std::size_t rarest = ~std::size_t{0};
+  const std::size_t length = std::min(pattern.size(), kConsidered);
+  for (std::size_t i = 0; i < length; ++i) rarest = std::min(rarest, kCommonness[pattern[i]] * kConsidered + i);
+  return rarest % kConsidered;
+}
+
 /// The offsets of two bytes of a pattern that are hopefully rare in the text.
 struct Anchors {
   std::size_t first;
@@ -36,18 +48,14 @@ struct Anchors {
 /// that differs from them.
 /// @param pattern  of two bytes or more
 [[nodiscard]] inline Anchors chooseAnchors(ByteView pattern) noexcept {
-  constexpr std::size_t kConsidered = 32;
   constexpr std::size_t kNone = ~std::size_t{0};
   const std::size_t length = std::min(pattern.size(), kConsidered);
-  // Commonness and offset in one number, so that the least one is found without branches.
-  std::size_t first = kNone;
-  for (std::size_t i = 0; i < length; ++i) first = std::min(first, kCommonness[pattern[i]] * kConsidered + i);
-  const std::uint8_t rarest = pattern[first % kConsidered];
+  const std::size_t first = rarestByte(pattern);
   std::size_t second = kNone;
   for (std::size_t i = 0; i < length; ++i) {
-    second = std::min(second, pattern[i] == rarest ? kNone : kCommonness[pattern[i]] * kConsidered + i);
+    second = std::min(second, pattern[i] == pattern[first] ? kNone : kCommonness[pattern[i]] * kConsidered + i);
   }
-  if (second != kNone) return {first % kConsidered, second % kConsidered};
+  if (second != kNone) return {first, second % kConsidered};
   const std::size_t equal = 1 + commonPrefix(pattern.data(), pattern.data() + 1, pattern.size() - 1);
   return {0, equal < pattern.size() ? equal : 1};
 }

@@ -33,6 +33,9 @@ AVX2_FUNCTION inline Equal both(Equal a, Equal b) noexcept {
   return {_mm256_and_si256(a.low, b.low), _mm256_and_si256(a.high, b.high)};
 }
 
+/// The bits from `begin` on.
+constexpr std::uint64_t from(std::size_t begin) noexcept { return begin < kBlock ? ~std::uint64_t{0} << begin : 0; }
+
 AVX2_FUNCTION inline std::int64_t sumOfBytes(__m256i sums) noexcept {
   const __m256i quarters = _mm256_sad_epu8(sums, _mm256_setzero_si256());
   const __m128i halves = _mm_add_epi64(_mm256_castsi256_si128(quarters), _mm256_extracti128_si256(quarters, 1));
@@ -53,7 +56,9 @@ AVX2_FUNCTION std::int64_t countByte(ByteView text, std::uint8_t byte) noexcept 
     }
     count += sumOfBytes(sums);
   }
-  return count + (i < text.size() ? scalar::count(text.subspan(i), {&byte, 1}) : 0);
+  if (i == text.size()) return count;
+  const std::size_t last = text.size() - kBlock;  // overlaps what is counted
+  return count + std::popcount(bits(equal(text.data() + last, wanted)) & from(i - last));
 }
 
 /// True when an occurrence can overlap the next one.
@@ -65,27 +70,89 @@ bool overlapsItself(ByteView pattern) noexcept {
   return false;
 }
 
-/// The bits from `begin` on.
-constexpr std::uint64_t from(std::size_t begin) noexcept { return begin < kBlock ? ~std::uint64_t{0} << begin : 0; }
+/// Passes over places where the rarest byte of the pattern isn't, while that is faster than looking closely.
+class RareByte {
+ public:
+  /// @param bytes   where the byte stands if the pattern is at the first place
+  /// @param places  at least a block
+  AVX2_FUNCTION RareByte(const std::uint8_t* bytes, std::size_t places, std::uint8_t byte) noexcept
+      : bytes_(bytes), places_(places), byte_(wide::all(byte)) {}
+
+  /// A place from `i` on with none before it where the pattern could be; the number of places when there is none.
+  AVX2_FUNCTION inline std::size_t next(std::size_t i) noexcept {
+    if (i < resume_) return i;
+    const std::size_t found = find(i);
+    pause_ = found - i >= kWorthwhile ? kFirstPause : pause_ * 2;
+    if (found - i < kWorthwhile) resume_ = found + pause_;
+    return found;
+  }
+
+ private:
+  static constexpr std::size_t kGroup = 4 * wide::kVector;
+  static constexpr std::size_t kWorthwhile = 4 * kGroup;
+  static constexpr std::size_t kFirstPause = 4 * kGroup;
+
+  /// Where in a group the byte stands first; the length of the group when it doesn't.
+  [[nodiscard]] AVX2_FUNCTION inline std::size_t findIn(const std::uint8_t* group) const noexcept {
+    const Equal front = equal(group, byte_);
+    const Equal back = equal(group + kBlock, byte_);
+    const __m256i any = _mm256_or_si256(_mm256_or_si256(front.low, front.high), _mm256_or_si256(back.low, back.high));
+    if (wide::bits(any) == 0) return kGroup;
+    const std::uint64_t inFront = bits(front);
+    return static_cast<std::size_t>(inFront != 0 ? std::countr_zero(inFront)
+                                                 : static_cast<int>(kBlock) + std::countr_zero(bits(back)));
+  }
+
+  [[nodiscard]] AVX2_FUNCTION std::size_t find(std::size_t i) const noexcept {
+    if (i + kGroup > places_) return i;
+    std::size_t position = findIn(bytes_ + i);
+    if (position != kGroup) return i + position;
+    i += kGroup - reinterpret_cast<std::uintptr_t>(bytes_ + i) % wide::kVector;  // aligned from here on
+    for (; i + kGroup <= places_; i += kGroup) {
+      position = findIn(bytes_ + i);
+      if (position != kGroup) return i + position;
+    }
+    const std::size_t last = places_ - kGroup;  // overlaps what is passed
+    return last + findIn(bytes_ + last);
+  }
+
+  const std::uint8_t* bytes_;
+  std::size_t places_;
+  __m256i byte_;
+  std::size_t pause_ = kFirstPause;
+  std::size_t resume_ = 0;
+};
 
 /// Patterns that are short enough to be compared at all places of a block at once.
 constexpr std::size_t kShortPattern = 16;
 
+/// Patterns that are compared as quickly as their anchors are looked for.
+constexpr std::size_t kTinyPattern = 4;
+
+/// The places of a block where a tiny pattern occurs.
+AVX2_FUNCTION inline std::uint64_t occurrencesOfTiny(const std::uint8_t* places, ByteView pattern) noexcept {
+  Equal found = equal(places, wide::all(pattern[0]));
+  for (std::size_t i = 1; i < pattern.size(); ++i) found = both(found, equal(places + i, wide::all(pattern[i])));
+  return bits(found);
+}
+
 /// The places of a block where a short pattern occurs.
 AVX2_FUNCTION inline std::uint64_t occurrences(const std::uint8_t* places, ByteView pattern, Anchors anchors) noexcept {
+  if (pattern.size() <= kTinyPattern) return occurrencesOfTiny(places, pattern);
   Equal found = both(equal(places + anchors.first, wide::all(pattern[anchors.first])),
                      equal(places + anchors.second, wide::all(pattern[anchors.second])));
-  if (pattern.size() == 2 || bits(found) == 0) return bits(found);
+  if (bits(found) == 0) return 0;
   for (std::size_t i = 0; i < pattern.size(); ++i) found = both(found, equal(places + i, wide::all(pattern[i])));
   return bits(found);
 }
 
-AVX2_FUNCTION std::int64_t countShort(ByteView text, ByteView pattern) noexcept {
+/// @param i  the first place that matters
+AVX2_FUNCTION std::int64_t countShort(ByteView text, ByteView pattern, RareByte& rare, std::size_t i) noexcept {
   const Anchors anchors = chooseAnchors(pattern);
   const bool overlaps = overlapsItself(pattern);
   const std::size_t places = text.size() - pattern.size() + 1;
   std::int64_t count = 0;
-  for (std::size_t i = 0; i < places;) {
+  for (; i < places; i = rare.next(i)) {
     const std::size_t block = std::min(i, places - kBlock);
     std::uint64_t found = occurrences(text.data() + block, pattern, anchors) & from(i - block);
     i = block + kBlock;
@@ -103,14 +170,15 @@ AVX2_FUNCTION std::int64_t countShort(ByteView text, ByteView pattern) noexcept 
   return count;
 }
 
-AVX2_FUNCTION std::int64_t countLong(ByteView text, ByteView pattern) noexcept {
+/// @param i  the first place that matters
+AVX2_FUNCTION std::int64_t countLong(ByteView text, ByteView pattern, RareByte& rare, std::size_t i) noexcept {
   const Anchors anchors = chooseAnchors(pattern);
   const __m256i firstByte = wide::all(pattern[anchors.first]);
   const __m256i secondByte = wide::all(pattern[anchors.second]);
   const std::size_t places = text.size() - pattern.size() + 1;
   Verifier verifier(pattern);
   std::int64_t count = 0;
-  for (std::size_t i = 0; i < places;) {
+  for (; i < places; i = rare.next(i)) {
     const std::size_t block = std::min(i, places - kBlock);
     const Equal found = both(equal(text.data() + block + anchors.first, firstByte),
                              equal(text.data() + block + anchors.second, secondByte));
@@ -131,10 +199,17 @@ AVX2_FUNCTION std::int64_t countLong(ByteView text, ByteView pattern) noexcept {
 
 }  // namespace
 
-std::int64_t avx2::count(ByteView text, ByteView pattern) noexcept {
+AVX2_FUNCTION std::int64_t avx2::count(ByteView text, ByteView pattern) noexcept {
+  if (text.size() <= kBrief) return countInBrief(text, pattern);
   if (pattern.size() == 1) return countByte(text, pattern[0]);
   if (text.size() < pattern.size() + kBlock - 1) return scalar::count(text, pattern);
-  return pattern.size() <= kShortPattern ? countShort(text, pattern) : countLong(text, pattern);
+  const std::size_t rarest = rarestByte(pattern);
+  const std::size_t places = text.size() - pattern.size() + 1;
+  RareByte rare(text.data() + rarest, places, pattern[rarest]);
+  const std::size_t first = rare.next(0);
+  if (first == places) return 0;
+  return pattern.size() <= kShortPattern ? countShort(text, pattern, rare, first)
+                                         : countLong(text, pattern, rare, first);
 }
 
 }  // namespace counting

@@ -6,6 +6,7 @@
 
 #include "analysis/code_point_map.h"
 #include "memory/work_buffer.h"
+#include "memory/wrapping.h"
 
 namespace jaro_winkler {
 namespace {
@@ -23,7 +24,7 @@ std::size_t matchRange(Utf32View a, Utf32View b) noexcept {
 }
 
 /// Matches texts that fit a word, their positions being bits of it.
-Matches matchWords(Utf32View a, Utf32View b) noexcept {
+WRAPPING_FUNCTION Matches matchWords(Utf32View a, Utf32View b) noexcept {
   CodePointMap<std::uint64_t> positions(a, b);
   for (std::size_t j = 0; j < b.size(); ++j) *positions.entry(b[j]) |= std::uint64_t{1} << j;
   const std::size_t range = matchRange(a, b);
@@ -49,8 +50,8 @@ Matches matchWords(Utf32View a, Utf32View b) noexcept {
 /// for good, and the first one in it is the head of a queue.
 /// @param matchedA  as long as `a`
 /// @param next      as long as `b`
-bool matchQueues(Utf32View a, Utf32View b, std::span<char32_t> matchedA, std::span<std::uint32_t> next,
-                 Matches& matches) noexcept {
+WRAPPING_FUNCTION bool matchQueues(Utf32View a, Utf32View b, std::span<char32_t> matchedA,
+                                   std::span<std::uint32_t> next, Matches& matches) noexcept {
   // Positions count from 1 here, for 0 stands for code points that `b` doesn't have.
   constexpr std::uint32_t kTaken = ~std::uint32_t{0};
   constexpr std::uint32_t kEnd = kTaken - 1;
@@ -117,9 +118,9 @@ Result distance(Utf32View a, Utf32View b) noexcept {
   if (std::max(a.size(), b.size()) <= 64) {
     matches = matchWords(a, b);
   } else {
-    const WorkBuffer matchedA(std::ssize(a) * 4);
+    const WorkBuffer matchedA(std::int64_t{4} * std::ssize(a));
     if (!matchedA) return {0.0, Shortage::kFirstText};
-    const WorkBuffer next(std::ssize(b) * 4);
+    const WorkBuffer next(std::int64_t{4} * std::ssize(b));
     if (!next || !matchQueues(a, b, matchedA.units<char32_t>(), next.units<std::uint32_t>(), matches)) {
       return {0.0, Shortage::kSecondText};
     }

@@ -8,6 +8,7 @@
 #include "analysis/code_point_map.h"
 #include "analysis/levenshtein_bands.h"
 #include "memory/work_buffer.h"
+#include "memory/wrapping.h"
 
 // Bit vectors stand for the differences between neighbouring cells in a column of the matrix of distances, a row each
 // (H. Hyyrö: A Bit-Vector Algorithm for Computing Levenshtein and Damerau Edit Distances, Nordic Journal of Computing
@@ -22,7 +23,7 @@ constexpr std::size_t kWordRows = 64;
 
 /// The distance when one text fits a word.
 /// @param rows  of 1 to 64 code points
-std::int64_t distanceInWord(Utf32View rows, Utf32View columns) noexcept {
+WRAPPING_FUNCTION std::int64_t distanceInWord(Utf32View rows, Utf32View columns) noexcept {
   CodePointMap<std::uint64_t> masks(rows, columns);
   for (std::size_t i = 0; i < rows.size(); ++i) *masks.entry(rows[i]) |= std::uint64_t{1} << i;
   const std::size_t lastRow = rows.size() - 1;
@@ -47,7 +48,7 @@ std::int64_t distanceInWord(Utf32View rows, Utf32View columns) noexcept {
   return distance;
 }
 
-void sweepBand(const Matrix& matrix, std::size_t /*bands*/, std::size_t padding) noexcept {
+WRAPPING_FUNCTION void sweepBand(const Matrix& matrix, std::size_t /*bands*/, std::size_t padding) noexcept {
   std::uint64_t VP = ~std::uint64_t{0} << padding;
   std::uint64_t VN = 0;
   std::uint64_t D0 = 0;

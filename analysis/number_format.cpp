@@ -2,9 +2,10 @@
 #include "analysis/number_format.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cstring>
+
+#include "analysis/double_characters.h"
 
 namespace {
 
@@ -61,7 +62,9 @@ std::size_t limitedLength(const char* text, const char* point, std::size_t lengt
 /// A text that doesn't fit: written in full as far as digits go, then cut.
 [[gnu::noinline]] std::size_t writeCutScientific(double value, int decimals, Text& text) noexcept {
   char all[kExactDecimals + 16];  // sign, digit, point, decimals, exponent
-  std::to_chars(all, all + sizeof all, value, std::chars_format::scientific, decimals);
+  const char* const end =
+      double_characters::write(all, all + sizeof all, value, std::chars_format::scientific, decimals);
+  static_cast<void>(end);  // of a text this long only the beginning counts
   std::memcpy(text.data(), all, kMaxLength);
   return kMaxLength;
 }
@@ -76,7 +79,7 @@ std::size_t number_format::general::writeFixed(double value, Text& text) noexcep
   const int decimals = std::fabs(value) < kWholeFrom ? kDecimals : 1;  // of zeros all but one would go
   char* const begin = text.data();
   const char* const end =
-      std::to_chars(begin, begin + text.size(), withoutNanSign(value), std::chars_format::fixed, decimals).ptr;
+      double_characters::write(begin, begin + text.size(), withoutNanSign(value), std::chars_format::fixed, decimals);
   auto length = static_cast<std::size_t>(end - begin);
   const auto* const point = static_cast<const char*>(std::memchr(begin, '.', length));
   if (point == nullptr) return length;  // infinite, or not a number
@@ -89,6 +92,7 @@ std::size_t number_format::writeScientific(double value, std::int32_t decimals, 
   const double shown = withoutNanSign(value);
   const int precision = std::clamp(decimals, 0, kExactDecimals);  // beyond it are zeros that are cut off anyway
   char* const begin = text.data();
-  const auto [end, error] = std::to_chars(begin, begin + text.size(), shown, std::chars_format::scientific, precision);
-  return error == std::errc{} ? static_cast<std::size_t>(end - begin) : writeCutScientific(shown, precision, text);
+  const char* const end =
+      double_characters::write(begin, begin + text.size(), shown, std::chars_format::scientific, precision);
+  return end != nullptr ? static_cast<std::size_t>(end - begin) : writeCutScientific(shown, precision, text);
 }

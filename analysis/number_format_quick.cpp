@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "analysis/number_format.h"
+#include "memory/wrapping.h"
 
 namespace {
 
@@ -95,7 +96,7 @@ struct Digits16 {
 };
 
 /// The number of digits in a word that are not 0.
-int countNonZero(std::uint64_t digits) noexcept {
+WRAPPING_FUNCTION int countNonZero(std::uint64_t digits) noexcept {
   const std::uint64_t marks = (digits + 0x7F7F'7F7F'7F7F'7F7F) >> 7 & 0x0101'0101'0101'0101;
   return static_cast<int>(marks * 0x0101'0101'0101'0101 >> 56);
 }
@@ -174,7 +175,8 @@ char* writeDecimals(Cursor cursor, Fraction fraction) noexcept {
 }  // namespace
 
 std::size_t number_format::quick::writeFixed(double value, Text& text) noexcept {
-  const auto bits = std::bit_cast<std::uint64_t>(value);
+  std::uint64_t bits = 0;
+  std::memcpy(&bits, &value, sizeof bits);
   Cursor cursor{text.data(), 0};
   if (bits >> 63 != 0) {
     *cursor.out++ = '-';

@@ -5,6 +5,7 @@
 
 #include "analysis/sql_booleans_quotes.h"
 #include "analysis/sql_booleans_words.h"
+#include "memory/wrapping.h"
 #include "wide/vectors.h"
 
 namespace {
@@ -26,21 +27,56 @@ AVX2_FUNCTION inline __m256i areEqual(__m256i bytes, std::uint8_t byte) noexcept
   return _mm256_cmpeq_epi8(bytes, wide::all(byte));
 }
 
-/// Marks the places where three letters are those that begin a keyword.
-AVX2_FUNCTION inline unsigned keywordStarts(const std::uint8_t* in) noexcept {
-  const __m256i first = loadLowerCase(in);
-  const __m256i second = loadLowerCase(in + 1);
-  const __m256i third = loadLowerCase(in + 2);
-  const __m256i tru =
-      _mm256_and_si256(_mm256_and_si256(areEqual(first, 't'), areEqual(second, 'r')), areEqual(third, 'u'));
-  const __m256i fal =
-      _mm256_and_si256(_mm256_and_si256(areEqual(first, 'f'), areEqual(second, 'a')), areEqual(third, 'l'));
-  return wide::bits(_mm256_or_si256(tru, fal));
+/// The places where three letters are those that begin a keyword: 0xFF there.
+struct Starts {
+  __m256i tru;
+  __m256i fal;
+
+  AVX2_FUNCTION explicit Starts(const std::uint8_t* in) noexcept {
+    const __m256i first = loadLowerCase(in);
+    const __m256i second = loadLowerCase(in + 1);
+    const __m256i third = loadLowerCase(in + 2);
+    tru = _mm256_and_si256(_mm256_and_si256(areEqual(first, 't'), areEqual(second, 'r')), areEqual(third, 'u'));
+    fal = _mm256_and_si256(_mm256_and_si256(areEqual(first, 'f'), areEqual(second, 'a')), areEqual(third, 'l'));
+  }
+
+  [[nodiscard]] AVX2_FUNCTION inline unsigned marks() const noexcept { return wide::bits(_mm256_or_si256(tru, fal)); }
+};
+
+/// Marks the delimiters among 32 bytes.
+AVX2_FUNCTION inline unsigned delimiters(const std::uint8_t* in) noexcept {
+  const __m256i bytes = load(in);
+  // Each of the four by its low half; no other byte, but for zero, meets itself there.
+  const __m256i kByLowHalf =
+      _mm256_broadcastsi128_si256(_mm_setr_epi8(0, 0, 0, 0, 0, 0, 0, 0, '(', ')', 0, ';', ',', 0, 0, 0));
+  const __m256i punctuation = _mm256_cmpeq_epi8(_mm256_shuffle_epi8(kByLowHalf, bytes), bytes);
+  const __m256i belowOrAbove = _mm256_cmpgt_epi8(wide::all(0x21), bytes);  // 0x80 and more is below zero here
+  return wide::bits(_mm256_or_si256(punctuation, belowOrAbove));
 }
+
+/// Marks the keywords that stand as words of their own.
+struct Keywords {
+  unsigned trues;
+  unsigned falses;
+
+  /// @param afterDelimiter  whether a delimiter, or nothing, is before the first place
+  AVX2_FUNCTION Keywords(const std::uint8_t* in, const Starts& starts, bool afterDelimiter) noexcept {
+    const __m256i fourth = loadLowerCase(in + 3);
+    const __m256i fifth = loadLowerCase(in + 4);
+    trues = wide::bits(_mm256_and_si256(starts.tru, areEqual(fourth, 'e')));
+    falses = wide::bits(_mm256_and_si256(starts.fal, _mm256_and_si256(areEqual(fourth, 's'), areEqual(fifth, 'e'))));
+    const unsigned here = delimiters(in);
+    const unsigned fiveOn = delimiters(in + 5);
+    const unsigned before = here << 1 | (afterDelimiter ? 1 : 0);
+    trues &= before & (fiveOn << 1 | (here >> 4 & 1));
+    falses &= before & fiveOn;
+  }
+};
 
 }  // namespace
 
-AVX2_FUNCTION void sql_booleans::avx2::rewrite(ByteView sql, ByteSpan out, Progress& progress) noexcept {
+WRAPPING_FUNCTION AVX2_FUNCTION void sql_booleans::avx2::rewrite(ByteView sql, ByteSpan out,
+                                                                 Progress& progress) noexcept {
   const std::uint8_t* const in = sql.data();
   std::size_t read = progress.read;
   std::uint8_t* to = out.data() + progress.written;  // where the byte at `read` goes
@@ -50,20 +86,25 @@ AVX2_FUNCTION void sql_booleans::avx2::rewrite(ByteView sql, ByteSpan out, Progr
     const __m256i bytes = load(in + start);
     const unsigned single = wide::bits(areEqual(bytes, '\''));
     const unsigned twofold = wide::bits(areEqual(bytes, '"'));
-    unsigned keywords = keywordStarts(in + start);
+    const Starts starts(in + start);
     copyVector(in + start, to);
-    if ((single | twofold | keywords) != 0) keywords &= ~withinQuotes(single, twofold, progress.openQuote);
-    for (; keywords != 0; keywords &= keywords - 1) {
-      const std::size_t position = start + _tzcnt_u32(keywords);
-      const std::size_t length = keywordLength(sql, position);
-      if (length == 0) continue;
-      to += position - read;
-      *to++ = numberFor(length);
-      read = position + length;
-      copyVector(in + read, to);
-      if (read > end) [[unlikely]]
-        end = read;
+    if ((single | twofold | starts.marks()) == 0) {
+      to += kVector;
+      read = end;
+      continue;
     }
+    const unsigned unprotected = ~withinQuotes(single, twofold, progress.openQuote);
+    const Keywords keywords(in + start, starts, isBorder(sql, start - 1));
+    for (unsigned left = (keywords.trues | keywords.falses) & unprotected; left != 0; left &= left - 1) {
+      const unsigned place = _tzcnt_u32(left);
+      const std::size_t length = 5 - (keywords.trues >> place & 1);
+      to += start + place - read;
+      *to++ = numberFor(length);
+      read = start + place + length;
+      copyVector(in + read, to);
+    }
+    if (read > end) [[unlikely]]
+      end = read;
     to += end - read;
     read = end;
   }

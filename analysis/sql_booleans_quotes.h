@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "memory/wrapping.h"
+
 namespace sql_booleans {
 
 /// Marks the places from each mark of odd number up to the one after it.
@@ -15,7 +17,7 @@ inline unsigned fromMarkToMark(unsigned marks) noexcept {
 }
 
 /// `withinQuotes` for quotes of both kinds, mark by mark.
-inline unsigned withinMixedQuotes(unsigned single, unsigned twofold, std::uint8_t& open) noexcept {
+WRAPPING_FUNCTION inline unsigned withinMixedQuotes(unsigned single, unsigned twofold, std::uint8_t& open) noexcept {
   unsigned within = open != 0 ? ~0U : 0;
   unsigned ahead = ~0U;
   while (true) {

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "memory/byte_view.h"
+#include "memory/wrapping.h"
 
 namespace sql_booleans {
 
@@ -49,7 +50,7 @@ inline std::uint64_t wordAt(ByteView sql, std::size_t position) noexcept {
 }
 
 /// The length of the keyword that stands at a position as a word of its own, or 0.
-inline std::size_t keywordLength(ByteView sql, std::size_t position) noexcept {
+WRAPPING_FUNCTION inline std::size_t keywordLength(ByteView sql, std::size_t position) noexcept {
   constexpr std::uint64_t kFourBytes = 0xFFFF'FFFF;
   constexpr std::uint64_t kFiveBytes = 0xFF'FFFF'FFFF;
   const std::uint64_t lowerCase = wordAt(sql, position) | 0x2020'2020'2020'2020;

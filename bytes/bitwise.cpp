@@ -15,7 +15,7 @@ constexpr std::size_t kSpreadLength = 1024;
 void combineRun(Operation operation, ByteView data, RepeatingMask mask, std::size_t position,
                 std::uint8_t* result) noexcept {
 #ifdef WIDE_AVX2
-  if (data.size() >= 32 && cpu::hasAvx2()) return avx2::combine(operation, data, mask, position, result);
+  if (cpu::hasAvx2()) return avx2::combine(operation, data, mask, position, result);
 #endif
 #ifdef WIDE_NEON
   if (data.size() >= 32 && cpu::hasNeon()) return neon::combine(operation, data, mask, position, result);
@@ -23,21 +23,31 @@ void combineRun(Operation operation, ByteView data, RepeatingMask mask, std::siz
   scalar::combine(operation, data, mask, position, result);
 }
 
-/// Repeats a short mask, beginning at `start`, over whole periods, so that the kernel meets its end seldom.
+/// Repeats a mask, beginning at `start`, in all of `spread`, which is at least as long.
+void repeat(ByteView mask, std::size_t start, ByteSpan spread) noexcept {
+  if (mask.size() == 1) {
+    std::memset(spread.data(), mask[0], spread.size());
+    return;
+  }
+  std::memcpy(spread.data(), mask.data() + start, mask.size() - start);
+  std::memcpy(spread.data() + mask.size() - start, mask.data(), start);
+  for (std::size_t filled = mask.size(); filled < spread.size(); filled *= 2) {
+    std::memcpy(spread.data() + filled, spread.data(), std::min(filled, spread.size() - filled));
+  }
+}
+
+/// Repeats a short mask over whole periods, so that the kernel meets its end seldom.
 void combineShortMask(Operation operation, ByteView data, ByteView mask, std::size_t start, ByteSpan result) noexcept {
   std::uint8_t spread[2 * kSpreadLength + RepeatingMask::kSlack];
-  const std::size_t length = mask.size();
-  const std::size_t period = (kSpreadLength + length - 1) / length * length;
-  const std::size_t needed = std::min(data.size(), period + RepeatingMask::kSlack);
-  if (length == 1) {
-    std::memset(spread, mask[0], needed);
-  } else {
-    std::memcpy(spread, mask.data() + start, length - start);
-    std::memcpy(spread + length - start, mask.data(), start);
-    for (std::size_t filled = length; filled < needed; filled *= 2) {
-      std::memcpy(spread + filled, spread, std::min(filled, needed - filled));
-    }
+  const std::size_t period = (kSpreadLength + mask.size() - 1) / mask.size() * mask.size();
+#ifdef WIDE_AVX2
+  if (data.size() <= avx2::kBrief && mask.size() <= avx2::kBriefMask && cpu::hasAvx2()) {
+    avx2::repeatBrief(mask, start, spread);
+    return avx2::combine(operation, data, {spread, period}, 0, result.data());
   }
+#endif
+  const std::size_t needed = std::min(data.size(), period + RepeatingMask::kSlack);
+  repeat(mask, start, {spread, std::max(mask.size(), needed)});
   combineRun(operation, data, {spread, period}, 0, result.data());
 }
 
@@ -54,6 +64,7 @@ void combineLongMask(Operation operation, ByteView data, ByteView mask, std::siz
 /// Where in the mask an offset points.
 std::size_t startInMask(std::int32_t offset, std::size_t maskLength) noexcept {
   const std::int64_t length = static_cast<std::int64_t>(maskLength);
+  if (offset >= 0 && offset < length) return static_cast<std::size_t>(offset);  // without a division
   const std::int64_t remainder = offset % length;
   return static_cast<std::size_t>(remainder < 0 ? remainder + length : remainder);
 }
@@ -95,7 +106,9 @@ void combineAs(ByteView data, RepeatingMask mask, std::size_t position, std::uin
 
 void combine(Operation operation, ByteView data, ByteView mask, std::int32_t offset, ByteSpan result) noexcept {
   const std::size_t start = startInMask(offset, mask.size());
-  if (mask.size() - start >= data.size() || mask.size() >= kSpreadLength) {
+  if (mask.size() - start >= data.size()) {
+    combineRun(operation, data, {mask.data() + start, data.size()}, 0, result.data());
+  } else if (mask.size() >= kSpreadLength) {
     combineLongMask(operation, data, mask, start, result);
   } else {
     combineShortMask(operation, data, mask, start, result);
@@ -104,16 +117,9 @@ void combine(Operation operation, ByteView data, ByteView mask, std::int32_t off
 
 void scalar::combine(Operation operation, ByteView data, RepeatingMask mask, std::size_t position,
                      std::uint8_t* result) noexcept {
-  switch (operation) {
-    case Operation::kAnd:
-      return combineAs<Operation::kAnd>(data, mask, position, result);
-    case Operation::kOr:
-      return combineAs<Operation::kOr>(data, mask, position, result);
-    case Operation::kXor:
-      return combineAs<Operation::kXor>(data, mask, position, result);
-    case Operation::kXorPosition:
-      return combineAs<Operation::kXorPosition>(data, mask, position, result);
-  }
+  static constexpr OperationKernel* kKernels[] = {combineAs<Operation::kAnd>, combineAs<Operation::kOr>,
+                                                  combineAs<Operation::kXor>, combineAs<Operation::kXorPosition>};
+  kKernels[static_cast<std::size_t>(operation)](data, mask, position, result);
 }
 
 }  // namespace bitwise

@@ -35,6 +35,9 @@ struct RepeatingMask {
   std::size_t period;
 };
 
+/// What a kernel is for one operation.
+using OperationKernel = void(ByteView data, RepeatingMask mask, std::size_t position, std::uint8_t* result) noexcept;
+
 namespace scalar {
 /// The kernel proper: as `bitwise::combine`, from the first byte of the mask on.
 /// @param position  the position of the first byte of `data`, for `Operation::kXorPosition`
@@ -47,6 +50,13 @@ namespace avx2 {
 /// The twin of `scalar::combine` for CPUs with AVX2.
 void combine(Operation operation, ByteView data, RepeatingMask mask, std::size_t position,
              std::uint8_t* result) noexcept;
+
+/// Data and masks of at most so many bytes, whose repetition a vector holds.
+inline constexpr std::size_t kBrief = 32;
+inline constexpr std::size_t kBriefMask = 16;
+
+/// Writes a brief mask, beginning at `start`, over and over to the 32 bytes from `to` on.
+void repeatBrief(ByteView mask, std::size_t start, std::uint8_t* to) noexcept;
 }  // namespace avx2
 #endif
 #ifdef WIDE_NEON

@@ -9,10 +9,10 @@ namespace {
 /// Room that the limit on the result counts in.
 constexpr std::int64_t kSpare = 10;
 
-REALstringStruct* ConcatBinaryStringsZQV(REALstringStruct* a, REALstringStruct* b, REALstringStruct* c,
-                                         REALstringStruct* d, REALstringStruct* e, REALstringStruct* f) noexcept {
-  const rbData inputs[] = {rbData(a), rbData(b), rbData(c), rbData(d), rbData(e), rbData(f)};
-  ByteView parts[std::size(inputs)];
+template <typename... Strings>
+REALstringStruct* concatenated(Strings*... strings) noexcept {
+  const rbData inputs[] = {rbData(strings)...};
+  ByteView parts[sizeof...(strings)];
   for (std::size_t i = 0; i < std::size(inputs); ++i) parts[i] = inputs[i].bytes();
 
   const std::int64_t size = concatenation::joinedSize(parts);
@@ -25,24 +25,24 @@ REALstringStruct* ConcatBinaryStringsZQV(REALstringStruct* a, REALstringStruct* 
 }  // namespace
 
 REALstringStruct* ConcatBinaryStringsZQV2(REALstringStruct* a, REALstringStruct* b) noexcept {
-  return ConcatBinaryStringsZQV(a, b, nullptr, nullptr, nullptr, nullptr);
+  return concatenated(a, b);
 }
 
 REALstringStruct* ConcatBinaryStringsZQV3(REALstringStruct* a, REALstringStruct* b, REALstringStruct* c) noexcept {
-  return ConcatBinaryStringsZQV(a, b, c, nullptr, nullptr, nullptr);
+  return concatenated(a, b, c);
 }
 
 REALstringStruct* ConcatBinaryStringsZQV4(REALstringStruct* a, REALstringStruct* b, REALstringStruct* c,
                                           REALstringStruct* d) noexcept {
-  return ConcatBinaryStringsZQV(a, b, c, d, nullptr, nullptr);
+  return concatenated(a, b, c, d);
 }
 
 REALstringStruct* ConcatBinaryStringsZQV5(REALstringStruct* a, REALstringStruct* b, REALstringStruct* c,
                                           REALstringStruct* d, REALstringStruct* e) noexcept {
-  return ConcatBinaryStringsZQV(a, b, c, d, e, nullptr);
+  return concatenated(a, b, c, d, e);
 }
 
 REALstringStruct* ConcatBinaryStringsZQV6(REALstringStruct* a, REALstringStruct* b, REALstringStruct* c,
                                           REALstringStruct* d, REALstringStruct* e, REALstringStruct* f) noexcept {
-  return ConcatBinaryStringsZQV(a, b, c, d, e, f);
+  return concatenated(a, b, c, d, e, f);
 }

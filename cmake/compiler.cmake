@@ -4,11 +4,15 @@ set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
-set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+if(NOT EMSCRIPTEN)  # whose modules are never moved
+  set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+endif()
 
 # SANITIZE: what -fsanitize= gets; every target is built with it, and stops at the first finding.
 set(SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined")
 
+# FUZZERS: only what is shipped is sanitized and reports what it covers; what judges it runs as fast as it can.
+option(FUZZERS "Build the fuzzers" OFF)
 option(COVERAGE "Count which lines and branches of the plugin's own folders are run" OFF)
 
 # A build that watches itself is not the one that ships.
@@ -19,7 +23,7 @@ endif()
 
 if(COVERAGE)
   set(CMAKE_CXX_FLAGS_RELEASE "-O0")
-elseif(SANITIZE)
+elseif(SANITIZE AND NOT FUZZERS)
   set(CMAKE_CXX_FLAGS_RELEASE "-O1")
 else()
   set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
@@ -41,22 +45,30 @@ target_compile_options(compiler_options INTERFACE
   -ffp-contract=off  # a fused multiply-add would change the distances from platform to platform
   -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)  # the same bytes, wherever the sources lie
 
-if(WIN32)
+if(EMSCRIPTEN)
+  # Constants and functions that choose a wide kernel stand idle where there is none, as do handles of libraries.
+  target_compile_options(compiler_options INTERFACE
+    -Wno-unused-const-variable -Wno-unused-function -Wno-unused-private-field)
+elseif(WIN32)
   # Everything runs without the compiler's own libraries at hand.
   target_link_options(compiler_options INTERFACE -static)
 elseif(CMAKE_CROSSCOMPILING)
   target_link_options(compiler_options INTERFACE -static-libstdc++ -static-libgcc)
 endif()
 
+add_library(sanitizer_options INTERFACE)
 if(SANITIZE)
-  target_compile_options(compiler_options INTERFACE
+  target_compile_options(sanitizer_options INTERFACE
     -fsanitize=${SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -g1)
-  target_compile_definitions(compiler_options INTERFACE _GLIBCXX_ASSERTIONS)
-  target_link_options(compiler_options INTERFACE -fsanitize=${SANITIZE})
+  target_compile_definitions(sanitizer_options INTERFACE _GLIBCXX_ASSERTIONS)
+  target_link_options(sanitizer_options INTERFACE -fsanitize=${SANITIZE})
   if(SANITIZE MATCHES "unsigned-integer-overflow")
     set(ignored ${PROJECT_SOURCE_DIR}/cmake/integers.ignored)
-    target_compile_options(compiler_options INTERFACE -fsanitize-ignorelist=${ignored})
+    target_compile_options(sanitizer_options INTERFACE -fsanitize-ignorelist=${ignored})
   endif()
+endif()
+if(NOT FUZZERS)
+  target_link_libraries(compiler_options INTERFACE sanitizer_options)
 endif()
 
 if(COVERAGE)

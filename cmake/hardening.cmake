@@ -1,7 +1,7 @@
 # What the shipped code is built with on top of the compiler options: protection against what the caller's text
 # might find, small stack frames, and a file that needs nothing but the C library.
 add_library(shipped_options INTERFACE)
-target_link_libraries(shipped_options INTERFACE compiler_options)
+target_link_libraries(shipped_options INTERFACE compiler_options sanitizer_options)
 
 # Counted where the plugin's own code is compiled; the tests need no counting.
 if(COVERAGE)
@@ -14,10 +14,13 @@ if(NOT INSTRUMENTED)
 endif()
 
 target_compile_options(shipped_options INTERFACE
-  -g -ffunction-sections -fdata-sections -fstack-protector-strong)
+  -ffunction-sections -fdata-sections)
+if(NOT EMSCRIPTEN)  # where no return address lies in memory, and debug information would go into the page
+  target_compile_options(shipped_options INTERFACE -g -fstack-protector-strong)
+endif()
 
 # Bounds of library calls. On Windows the checks are in a library that would need one more of the system's.
-if(NOT INSTRUMENTED AND NOT WIN32)
+if(NOT INSTRUMENTED AND NOT WIN32 AND NOT EMSCRIPTEN)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_GREATER_EQUAL 12)
     target_compile_definitions(shipped_options INTERFACE _FORTIFY_SOURCE=3)
   else()

@@ -4,7 +4,7 @@ set(HEADER_LIBRARIES ${PROJECT_BINARY_DIR}/include)
 
 # add_header_library(TARGET FOLDER HEADER): the target to link for <FOLDER/HEADER>.
 function(add_header_library target folder header)
-  find_path(${folder}_INCLUDE_DIR ${folder}/${header} NO_CMAKE_FIND_ROOT_PATH REQUIRED
+  find_path(${folder}_INCLUDE_DIR ${folder}/${header} PATHS /usr/local/include /usr/include NO_CMAKE_FIND_ROOT_PATH REQUIRED
     DOC "Where ${folder}/${header} lies")
   file(MAKE_DIRECTORY ${HEADER_LIBRARIES})
   file(CREATE_LINK ${${folder}_INCLUDE_DIR}/${folder} ${HEADER_LIBRARIES}/${folder} SYMBOLIC)

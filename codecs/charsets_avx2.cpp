@@ -50,11 +50,15 @@ struct EncodedBlock {
 };
 
 AVX2_FUNCTION inline EncodedBlock encoded(__m256i front, __m256i back, const CharacterSet& set) noexcept {
+  // Most text is of characters that have the number of their byte.
+  if (_mm256_testz_si256(_mm256_or_si256(front, back), _mm256_set1_epi16(static_cast<short>(0xFF00))) != 0) {
+    const __m256i bytes = _mm256_permute4x64_epi64(_mm256_packus_epi16(front, back), _MM_SHUFFLE(3, 1, 2, 0));
+    if (set.isLatin1() || wide::bits(specials(bytes)) == 0) return {bytes, ~0U};
+  }
   const SplitUnits units = split(front, back);
   __m256i found = _mm256_cmpeq_epi8(units.high, _mm256_setzero_si256());
   if (set.isLatin1()) return {units.low, wide::bits(found)};
   found = _mm256_andnot_si256(specials(units.low), found);
-  if (wide::bits(found) == ~0U) return {units.low, ~0U};
   __m256i bytes = units.low;
   const __m256i nibbles = _mm256_and_si256(units.low, all(0x0F));
   for (std::size_t i = 0; i < set.rowCount(); ++i) {
@@ -104,7 +108,7 @@ AVX2_FUNCTION inline DecodedBlock decoded(__m256i bytes, const SplitUnits& chara
 }
 
 AVX2_FUNCTION inline DecodedBlock decoded(__m256i bytes, const SplitUnits& characters, bool isLatin1) noexcept {
-  return isLatin1 ? widened(bytes) : decoded(bytes, characters);
+  return isLatin1 || wide::bits(specials(bytes)) == 0 ? widened(bytes) : decoded(bytes, characters);
 }
 
 AVX2_FUNCTION inline void storeBlock(char16_t* to, const DecodedBlock& block) noexcept {

@@ -4,12 +4,16 @@
 #include <cstring>
 
 #include "codecs/hex_escapes.h"
+#include "memory/wrapping.h"
 #include "wide/byte_word.h"
 
 namespace {
 
 /// From this many bytes on the wide registers win.
 constexpr std::size_t kWideFrom = 32;
+
+/// From this many on the widest do.
+constexpr std::size_t kAvx512From = 128;
 
 constexpr bool isWide(std::size_t size) noexcept { return size >= kWideFrom; }
 
@@ -28,7 +32,7 @@ constexpr std::int64_t kFrameSize = sizeof email_subject::kOpening - 1 + sizeof 
 
 /// Room for the encoded word of a text: what is known to do when little is asked for, else the very size.
 std::int64_t roomFor(ByteView text) noexcept {
-  const std::int64_t bound = 3 * std::ssize(text) + kFrameSize + kEscapeOverrun;
+  const std::int64_t bound = std::int64_t{3} * std::ssize(text) + kFrameSize + kEscapeOverrun;
   return bound <= OutputBuffer::kInlineSize ? bound : email_subject::encodedSize(text) + kEscapeOverrun;
 }
 
@@ -43,6 +47,9 @@ std::size_t countEscapes(ByteView text) noexcept {
 }
 
 std::uint8_t* encodeText(ByteView text, std::uint8_t* out) noexcept {
+#ifdef WIDE_AVX512
+  if (text.size() >= kAvx512From && cpu::hasAvx512()) return email_subject::avx512::encode(text, out);
+#endif
 #ifdef WIDE_AVX2
   if (isWide(text.size()) && cpu::hasAvx2()) return email_subject::avx2::encode(text, out);
 #endif
@@ -83,7 +90,7 @@ bool email_subject::encode(ByteView text, OutputBuffer& word) noexcept {
   return word.finish(out);
 }
 
-std::size_t email_subject::scalar::findNotPlain(ByteView text) noexcept {
+WRAPPING_FUNCTION std::size_t email_subject::scalar::findNotPlain(ByteView text) noexcept {
   constexpr std::size_t kWord = 8;
   const auto isPlain = [](std::uint8_t byte) { return byte >= 0x20 && byte <= 0x7F; };
   std::size_t i = 0;

@@ -46,4 +46,10 @@ std::uint8_t* encode(ByteView text, std::uint8_t* out) noexcept;
 }  // namespace neon
 #endif
 
+#ifdef WIDE_AVX512
+namespace avx512 {
+std::uint8_t* encode(ByteView text, std::uint8_t* out) noexcept;
+}
+#endif
+
 }  // namespace email_subject

@@ -3,6 +3,7 @@
 
 #ifdef WIDE_AVX2
 
+#include "codecs/email_subject_escapes_avx2.h"
 #include "codecs/hex_escapes_avx2.h"
 
 namespace {
@@ -14,12 +15,6 @@ using wide::load;
 /// The bytes that are not plain: below 0x20, and from 0x80 on, which is below it as a signed number.
 AVX2_FUNCTION inline std::uint32_t notPlain(__m256i bytes) noexcept {
   return wide::bits(_mm256_cmpgt_epi8(all(0x20), bytes));
-}
-
-/// The bytes that are escaped in an encoded word.
-AVX2_FUNCTION inline std::uint32_t escapes(__m256i bytes) noexcept {
-  const __m256i marks = _mm256_or_si256(_mm256_cmpeq_epi8(bytes, all('=')), _mm256_cmpeq_epi8(bytes, all('_')));
-  return wide::bits(_mm256_or_si256(bytes, marks));
 }
 
 }  // namespace
@@ -48,7 +43,7 @@ AVX2_FUNCTION std::uint8_t* email_subject::avx2::encode(ByteView text, std::uint
   std::size_t i = 0;
   for (; text.size() - i >= kVector; i += kVector) {
     const __m256i bytes = load(text.data() + i);
-    const __m256i characters = _mm256_blendv_epi8(bytes, all('_'), _mm256_cmpeq_epi8(bytes, all(' ')));
+    const __m256i characters = charactersOf(bytes);
     const std::uint32_t escaped = escapes(bytes);
     if (escaped == 0) {
       wide::store(out, characters);

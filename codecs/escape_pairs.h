@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <limits>
 
+#include "memory/wrapping.h"
+
 /// A bit for each byte, the first byte's lowest.
 template <typename Bits>
 struct EscapePairs {
@@ -16,7 +18,7 @@ struct EscapePairs {
 /// @param marks    the positions of the escape character
 /// @param carried  1 when the first byte ends a pair begun before the vector, else 0
 template <typename Bits>
-[[nodiscard]] constexpr EscapePairs<Bits> pairedOff(Bits marks, Bits carried) noexcept {
+[[nodiscard]] WRAPPING_FUNCTION constexpr EscapePairs<Bits> pairedOff(Bits marks, Bits carried) noexcept {
   constexpr Bits kOdd = std::numeric_limits<Bits>::max() / 3 * 2;
   const Bits candidates = marks & ~carried;
   const Bits turned = (((candidates << 1) | kOdd) - candidates) ^ kOdd;

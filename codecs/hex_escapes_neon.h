@@ -30,7 +30,8 @@ namespace neon {
                                                               std::uint8_t mark = '=') noexcept {
   const uint8x16x2_t digits = digitsOf(bytes);
   if (escaped == 0xFFFF) {
-    vst3q_u8(out, uint8x16x3_t{{wide::all(mark), digits.val[0], digits.val[1]}});
+    const uint8x16x3_t text{{wide::all(mark), digits.val[0], digits.val[1]}};
+    vst3q_u8(out, text);
     return out + 3 * wide::kVector;
   }
   const uint8x16x2_t heads = vzipq_u8(characters, wide::all(mark));

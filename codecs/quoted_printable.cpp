@@ -44,7 +44,7 @@ bool quoted_printable::encode(ByteView bytes, std::int32_t lineLimit, OutputBuff
 
 std::size_t quoted_printable::decode(ByteView text, ByteSpan bytes) noexcept {
 #ifdef WIDE_AVX2
-  if (text.size() >= kWideFrom && cpu::hasAvx2()) return avx2::decode(text, bytes);
+  if (cpu::hasAvx2()) return avx2::decode(text, bytes);
 #endif
 #ifdef WIDE_NEON
   if (text.size() >= kWideFrom && cpu::hasNeon()) return neon::decode(text, bytes);

@@ -30,9 +30,12 @@ inline constexpr std::int32_t kDefaultLineLimit = 72;
 /// @return false when the text would exceed 2^31 - 1 bytes or memory is short
 [[nodiscard]] bool encode(ByteView bytes, std::int32_t lineLimit, OutputBuffer& text) noexcept;
 
+/// Room for decoding; as many bytes as the text has would do.
+[[nodiscard]] constexpr std::int64_t decodedBound(std::int64_t textSize) noexcept { return withOverrun(textSize); }
+
 /// Reads quoted-printable text. Every line break becomes LF. Malformed escapes yield nothing; a "=" before blanks
 /// ends the line, whatever else stands in it.
-/// @param bytes  at least as long as the text
+/// @param bytes  at least as long as the text; all of it may be touched
 /// @return       how many bytes were written
 [[nodiscard]] std::size_t decode(ByteView text, ByteSpan bytes) noexcept;
 

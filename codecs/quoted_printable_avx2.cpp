@@ -8,6 +8,7 @@
 #include "codecs/hex_escapes_avx2.h"
 #include "codecs/quoted_printable_layout.h"
 #include "wide/compaction.h"
+#include "wide/partial_vector.h"
 
 namespace {
 
@@ -24,6 +25,11 @@ AVX2_FUNCTION inline __m256i equal(__m256i bytes, std::uint8_t byte) noexcept {
 AVX2_FUNCTION inline std::uint32_t notLiteral(__m256i bytes) noexcept {
   const __m256i control = _mm256_andnot_si256(equal(bytes, '\t'), _mm256_cmpgt_epi8(all(0x20), bytes));  // or >= 0x80
   return bits(_mm256_or_si256(control, _mm256_or_si256(equal(bytes, '='), equal(bytes, 0x7F))));
+}
+
+/// True for text that isn't copied as it is.
+AVX2_FUNCTION inline bool isAnySpecial(__m256i bytes) noexcept {
+  return bits(_mm256_or_si256(equal(bytes, '='), _mm256_or_si256(equal(bytes, '\r'), equal(bytes, '\n')))) != 0;
 }
 
 /// Each byte read together with the one after it as two digits; what isn't one counts as 0.
@@ -72,14 +78,14 @@ AVX2_FUNCTION std::size_t quoted_printable::avx2::decode(ByteView text, ByteSpan
   Progress at{text.data(), bytes.data()};
   while (end - at.in >= kVector) {
     const __m256i vector = load(at.in);
-    const __m256i isMark = equal(vector, '=');
-    const __m256i isReturn = equal(vector, '\r');
-    const __m256i isFeed = equal(vector, '\n');
-    if (bits(_mm256_or_si256(isMark, _mm256_or_si256(isReturn, isFeed))) == 0) {
+    if (!isAnySpecial(vector)) {
       wide::store(at.out, vector);
       at = {at.in + kVector, at.out + kVector};
       continue;
     }
+    const __m256i isMark = equal(vector, '=');
+    const __m256i isReturn = equal(vector, '\r');
+    const __m256i isFeed = equal(vector, '\n');
     const __m256i values = ::avx2::hexValues(vector);
     const __m256i isNoDigit = _mm256_andnot_si256(equal(vector, '0'), equal(values, 0));
     const Layout layout = layoutOf(bits(isMark), bits(isReturn), bits(isFeed), ~bits(isNoDigit));
@@ -97,6 +103,14 @@ AVX2_FUNCTION std::size_t quoted_printable::avx2::decode(ByteView text, ByteSpan
     }
   }
   const auto done = static_cast<std::size_t>(at.out - bytes.data());
+  const auto rest = static_cast<std::size_t>(end - at.in);
+  if (bytes.size() - done >= kVector) {
+    const __m256i vector = wide::loadUpTo32(at.in, rest);
+    if (!isAnySpecial(vector)) {
+      wide::store(at.out, vector);
+      return done + rest;
+    }
+  }
   return done + scalar::decode({at.in, end}, bytes.subspan(done));
 }
 

@@ -13,7 +13,7 @@ REALstringStruct* EncodingToQuotedPrintable2(REALstringStruct* s, std::int32_t l
 
 REALstringStruct* DecodingToQuotedPrintable(REALstringStruct* s) noexcept {
   const rbData text(s);
-  const WorkBuffer bytes(std::ssize(text.bytes()));
+  const WorkBuffer bytes(quoted_printable::decodedBound(std::ssize(text.bytes())));
   if (!bytes) return nullptr;
   const std::size_t length = quoted_printable::decode(text.bytes(), bytes.bytes());
   return REALBuildUnicodeString(bytes.data(), static_cast<std::int64_t>(length), kEncodingASCII);

@@ -7,6 +7,9 @@
 
 namespace {
 
+/// From this many bytes on the widest registers win.
+constexpr std::size_t kAvx512From = 128;
+
 /// The byte that the escape at `in` stands for, read no further than `end`.
 std::uint8_t escapedByte(const std::uint8_t* in, const std::uint8_t* end) noexcept {
   const std::uint8_t high = end - in > 1 ? in[1] : 0;
@@ -49,6 +52,9 @@ std::size_t url::scalar::decode(ByteView text, Options options, ByteSpan bytes) 
 }
 
 std::size_t url::encode(ByteView bytes, Options options, ByteSpan text) noexcept {
+#ifdef WIDE_AVX512
+  if (bytes.size() >= kAvx512From && cpu::hasAvx512()) return avx512::encode(bytes, options, text);
+#endif
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::encode(bytes, options, text);
 #endif

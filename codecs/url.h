@@ -70,4 +70,10 @@ namespace neon {
 }  // namespace neon
 #endif
 
+#ifdef WIDE_AVX512
+namespace avx512 {
+[[nodiscard]] std::size_t encode(ByteView bytes, Options options, ByteSpan text) noexcept;
+}
+#endif
+
 }  // namespace url

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "memory/wrapping.h"
+
 namespace url {
 
 /// Characters of an escape.
@@ -10,7 +12,7 @@ inline constexpr unsigned kEscapeSize = 3;
 
 /// Of the "%" among the bytes those that begin an escape: from the left, one among the two characters of an escape
 /// doesn't.
-constexpr std::uint32_t escapeStarts(std::uint32_t marks) noexcept {
+WRAPPING_FUNCTION constexpr std::uint32_t escapeStarts(std::uint32_t marks) noexcept {
   if ((marks & (marks << 1 | marks << 2)) == 0) return marks;
   std::uint32_t starts = 0;
   while (marks != 0) {

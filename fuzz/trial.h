@@ -13,6 +13,7 @@ namespace fuzz {
 
 struct Trial {
   standin::Session* session;
+  const char* plugin;  ///< the file in the session: not every one asks the CPU for all it has
   const standin::Method* method;
   std::vector<standin::Argument> arguments;
 

@@ -1,6 +1,7 @@
 #include "markup/encoding_need.h"
 
 #include "markup/markup_characters.h"
+#include "memory/wrapping.h"
 
 namespace {
 
@@ -13,7 +14,7 @@ template <Also kAlso>
 }
 
 template <Also kAlso>
-[[nodiscard]] bool anyNeedsEncoding(Utf32View text) noexcept {
+[[nodiscard]] WRAPPING_FUNCTION bool anyNeedsEncoding(Utf32View text) noexcept {
   constexpr std::size_t kBlock = 16;
   // Units that the search can't pass: counted from 1, so that 0 is above all.
   constexpr char32_t kHighest = kAlso == Also::kNonASCII ? 0x7F : 0xFFFF'FFFF;

@@ -48,7 +48,7 @@ std::size_t entity_decoder::scalar::decode(Utf32View text, std::span<char32_t> d
     const ReferenceName name = readName(at + 1, end);
     const std::uint32_t character = characterFor(name);
     *out++ = character != 0 ? character : U'&';
-    at += character != 0 ? std::min<std::ptrdiff_t>(name.length + 2, end - at) : 1;
+    at += character != 0 ? std::min(static_cast<std::ptrdiff_t>(name.length) + 2, end - at) : 1;
   }
   return static_cast<std::size_t>(out - decoded.data());
 }

@@ -7,6 +7,7 @@
 
 #include "markup/entity_lookup.h"
 #include "markup/reference_name.h"
+#include "memory/wrapping.h"
 #include "wide/code_point_blocks.h"
 #include "wide/vectors.h"
 
@@ -50,7 +51,8 @@ constexpr unsigned kStarts = kWindow - entities::kLongestName - 1;
 
 /// Decodes a window, up to the first "&" whose reference may not end in it.
 /// Eight code points behind the window are read as well.
-[[nodiscard]] AVX2_FUNCTION inline Progress decodeWindow(const char32_t* text, char32_t* const decoded) noexcept {
+[[nodiscard]] WRAPPING_FUNCTION AVX2_FUNCTION inline Progress decodeWindow(const char32_t* text,
+                                                                           char32_t* const decoded) noexcept {
   const __m256i low = wide::narrowed32<wide::Nearest::kSignedByte>(text);
   const __m256i high = wide::narrowed32<wide::Nearest::kSignedByte>(text + 32);
   const std::uint64_t semicolons = wide::placesOf(';', low, high);

@@ -5,6 +5,8 @@
 #include "markup/entity_lookup.h"
 #include "markup/html_references.h"
 #include "markup/markup_characters.h"
+#include "markup/output_limit.h"
+#include "memory/wrapping.h"
 
 namespace {
 
@@ -27,7 +29,7 @@ std::uint8_t* writeCodePoint(char32_t codePoint, html::Markup markup, std::uint8
 }
 
 /// True when a block is printable ASCII that is written as it is.
-[[nodiscard]] bool areOrdinary(const char32_t* block, html::Markup markup) noexcept {
+[[nodiscard]] WRAPPING_FUNCTION bool areOrdinary(const char32_t* block, html::Markup markup) noexcept {
   const unsigned escape = markup == html::Markup::kEscape ? 1 : 0;
   unsigned special = 0;
   for (std::size_t i = 0; i < kBlock; ++i) {  // without branches, for the compiler to widen
@@ -54,11 +56,15 @@ bool html::scalar::encode(Utf32View text, Markup markup, OutputBuffer& ascii) no
 }
 
 bool html::encode(Utf32View text, Markup markup, OutputBuffer& ascii) noexcept {
+  const auto encode = [markup](Utf32View part, OutputBuffer& output) noexcept {
 #ifdef WIDE_AVX2
-  if (cpu::hasAvx2()) return avx2::encode(text, markup, ascii);
+    if (cpu::hasAvx2()) return avx2::encode(part, markup, output);
 #endif
 #ifdef WIDE_NEON
-  if (cpu::hasNeon()) return neon::encode(text, markup, ascii);
+    if (cpu::hasNeon()) return neon::encode(part, markup, output);
 #endif
-  return scalar::encode(text, markup, ascii);
+    return scalar::encode(part, markup, output);
+  };
+  const bool mayBeTooLong = encodedBound(std::ssize(text)) > kMaxSize;
+  return mayBeTooLong && !markup::fitsIn(kMaxSize, text, encode) ? ascii.refuse() : encode(text, ascii);
 }

@@ -10,6 +10,9 @@ namespace html {
 /// What becomes of quotation marks, ampersands, apostrophes, less-than and greater-than signs.
 enum class Markup { kEscape, kKeep };
 
+/// The size of the longest output in bytes: "&#-2147483648;" for each code point.
+[[nodiscard]] constexpr std::int64_t encodedBound(std::int64_t codePointCount) noexcept { return 14 * codePointCount; }
+
 /// Writes the text with named references for the characters that have one, decimal references for all others
 /// above U+007F and for the apostrophe, and without control characters other than TAB, LF and CR.
 /// Any 32-bit value is written; a decimal reference shows values of 2^31 and more as negative numbers.

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "markup/entity_columns.h"
+#include "memory/wrapping.h"
 
 namespace entity_decoder {
 
@@ -28,7 +29,7 @@ struct ReferenceName {
 [[nodiscard]] constexpr bool isNumeric(ReferenceName name) noexcept { return (name.packed & 0xFF) == '#'; }
 
 /// The value of a digit, or 16 for anything else.
-[[nodiscard]] constexpr std::uint32_t digitValue(std::uint32_t character) noexcept {
+[[nodiscard]] WRAPPING_FUNCTION constexpr std::uint32_t digitValue(std::uint32_t character) noexcept {
   if (character - '0' < 10) return character - '0';
   const std::uint32_t letter = (character | 0x20) - 'a';
   return letter < 6 ? letter + 10 : 16;
@@ -50,7 +51,7 @@ struct ReferenceName {
 
 /// False for names that need no lookup: table names begin with a letter, and packed, a name with U+0000 as its last
 /// character looks like a shorter one.
-[[nodiscard]] constexpr bool mayBeEntity(ReferenceName name) noexcept {
+[[nodiscard]] WRAPPING_FUNCTION constexpr bool mayBeEntity(ReferenceName name) noexcept {
   const auto first = static_cast<std::uint32_t>(name.packed & 0xFF);
   return ((first | 0x20) - 'a') < 26 && name.packed >> (8 * (name.length - 1)) != 0;
 }

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "memory/wrapping.h"
+
 namespace tags {
 
 /// Where things are among up to 64 bytes, a bit each.
@@ -24,8 +26,9 @@ struct Sorted {
   return bits;
 }
 
-/// The places at depth 0, found one bracket after the other.
-[[nodiscard]] inline std::uint64_t atDepthZero(const Brackets& brackets, std::int64_t& depth) noexcept {
+/// The places at depth 0, found one bracket after the other. Seldom needed, and kept out of the loops.
+[[nodiscard, gnu::noinline]] WRAPPING_FUNCTION static std::uint64_t atDepthZero(const Brackets& brackets,
+                                                                                std::int64_t& depth) noexcept {
   std::uint64_t outside = depth == 0 ? ~std::uint64_t{0} : 0;
   for (std::uint64_t left = brackets.opening | brackets.closing; left != 0; left &= left - 1) {
     depth += (brackets.opening & left & (0 - left)) != 0 ? 1 : -1;
@@ -36,7 +39,7 @@ struct Sorted {
 }
 
 /// Sorts the bytes and moves the depth on behind them.
-[[nodiscard]] inline Sorted sorted(const Brackets& brackets, std::int64_t& depth) noexcept {
+[[nodiscard]] static inline Sorted sorted(const Brackets& brackets, std::int64_t& depth) noexcept {
   // Where brackets open and close by turns, as in nearly all markup, their parity tells where the tags are.
   std::uint64_t outside = ~(parities(brackets.opening | brackets.closing) ^ static_cast<std::uint64_t>(0 - depth));
   const bool byTurns = ((outside & brackets.opening) | (~outside & brackets.closing)) == 0;

@@ -63,7 +63,7 @@ std::size_t tags::scalar::remove(ByteView text, ByteSpan kept) noexcept {
 std::int64_t tags::scalar::replacedSize(ByteView text, ByteView replacement) noexcept {
   std::int64_t size = 0;
   forEachRun(text, [&](ByteView run, std::int64_t depth) {
-    size += std::ssize(run) * (depth == 0 ? 1 : std::ssize(replacement));
+    size += std::int64_t{std::ssize(run)} * (depth == 0 ? 1 : std::ssize(replacement));
   });
   return size;
 }

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "markup/markup_characters.h"
+#include "markup/output_limit.h"
 #include "markup/xml_references.h"
 
 namespace {
@@ -47,11 +48,15 @@ bool xml::scalar::encode(Utf32View text, Apostrophe apostrophe, OutputBuffer& co
 }
 
 bool xml::encode(Utf32View text, Apostrophe apostrophe, OutputBuffer& codePoints) noexcept {
+  const auto encode = [apostrophe](Utf32View part, OutputBuffer& output) noexcept {
 #ifdef WIDE_AVX2
-  if (cpu::hasAvx2()) return avx2::encode(text, apostrophe, codePoints);
+    if (cpu::hasAvx2()) return avx2::encode(part, apostrophe, output);
 #endif
 #ifdef WIDE_NEON
-  if (cpu::hasNeon()) return neon::encode(text, apostrophe, codePoints);
+    if (cpu::hasNeon()) return neon::encode(part, apostrophe, output);
 #endif
-  return scalar::encode(text, apostrophe, codePoints);
+    return scalar::encode(part, apostrophe, output);
+  };
+  const bool mayBeTooLong = encodedBound(std::ssize(text)) > kMaxSize;
+  return mayBeTooLong && !markup::fitsIn(kMaxSize, text, encode) ? codePoints.refuse() : encode(text, codePoints);
 }

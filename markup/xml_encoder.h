@@ -10,6 +10,9 @@ namespace xml {
 /// How an apostrophe is written: "&#39;" is understood in HTML too, "&apos;" is what XML calls it.
 enum class Apostrophe { kNumber, kName };
 
+/// The size of the longest output in bytes: "&quot;" or "&apos;" for each code point, in 32-bit units.
+[[nodiscard]] constexpr std::int64_t encodedBound(std::int64_t codePointCount) noexcept { return 24 * codePointCount; }
+
 /// Writes the text with references for its markup characters, and without control characters other than TAB, LF and
 /// CR; all other units stay what they are, whether they are code points or not.
 /// @param codePoints  receives 32-bit units in the processor's byte order

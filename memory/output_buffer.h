@@ -52,6 +52,12 @@ class OutputBuffer {
     return !tooLong_;
   }
 
+  /// Says that the output would be too long, where a writer knows that beforehand. Always false.
+  [[nodiscard]] bool refuse() noexcept {
+    tooLong_ = true;
+    return false;
+  }
+
   /// After a failure: true when the output would have become longer than a string can be, false when memory
   /// was short.
   [[nodiscard]] bool tooLong() const noexcept { return tooLong_; }

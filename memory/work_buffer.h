@@ -1,6 +1,7 @@
 /// Scratch memory of a size that is known beforehand.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -18,8 +19,16 @@ class WorkBuffer {
   /// Provides `byteCount` bytes, aligned for any unit type.
   /// There is no buffer (`operator bool`) when the count is below 1 or above 2^31 - 1, or memory is short.
   /// @param describedSize  the size that limits bind on, where it is larger than the one needed
-  explicit WorkBuffer(std::int64_t byteCount, std::int64_t describedSize = 0) noexcept;
-  ~WorkBuffer();
+  explicit WorkBuffer(std::int64_t byteCount, std::int64_t describedSize = 0) noexcept
+      : data_(nullptr), size_(byteCount) {
+    if (byteCount < 1 || std::max(byteCount, describedSize) > kMaxSize) return;
+    data_ = byteCount <= kInlineSize ? inline_ : allocate(byteCount);
+  }
+
+  ~WorkBuffer() {
+    if (data_ != inline_) release(data_);
+  }
+
   WorkBuffer(const WorkBuffer&) = delete;
   WorkBuffer& operator=(const WorkBuffer&) = delete;
 
@@ -36,6 +45,9 @@ class WorkBuffer {
   }
 
  private:
+  [[nodiscard]] static std::uint8_t* allocate(std::int64_t byteCount) noexcept;
+  static void release(std::uint8_t* data) noexcept;
+
   std::uint8_t* data_;
   std::int64_t size_;
   alignas(kBufferAlignment) std::uint8_t inline_[kInlineSize];

@@ -1,7 +1,7 @@
 # The platforms, what each needs, and how a preset is configured and built.
 
 platforms=(linux-x64 linux-x86 linux-arm64 linux-armhf windows-x64 windows-x86)
-common=(g++ cmake ninja-build ccache doctest-dev libcli11-dev nlohmann-json3-dev)
+common=(g++ cmake ninja-build ccache doctest-dev libcli11-dev nlohmann-json3-dev help2man pkg-config)
 
 case "$(uname -s) $(uname -m)" in
   Darwin*) native=macos-universal ;;

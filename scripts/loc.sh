@@ -1,6 +1,6 @@
 # Lines of tests against lines of code: those that are neither blank nor a comment alone.
 
-code_folders=(plugin host memory markup codecs bytes analysis wide stringkernels standin stringhost bench fuzz)
+code_folders=(plugin host memory markup codecs bytes analysis wide stringkernels standin stringhost bench fuzz site)
 
 loc() {
   local code tests

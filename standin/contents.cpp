@@ -16,10 +16,17 @@ void Contents::reserve(std::size_t size, const Layout& layout) {
     if (layout.odd && !isOdd) --data_;
   } else {
     const std::size_t front = kFront + (layout.odd ? 1 : 0);
-    plain_ = std::make_unique_for_overwrite<std::uint8_t[]>(front + size + layout.tail);
+    plain_.reset(new std::uint8_t[front + size + layout.tail]);
     data_ = plain_.get() + front;
   }
   std::memset(data_ + size, layout.tailByte, layout.tail);
+}
+
+void Contents::stretch(std::string_view bytes, const Layout& layout) {
+  size_ = layout.stretchedTo;
+  repeated_ = std::make_unique<RepeatedMemory>(bytes, size_, layout.tail);
+  data_ = repeated_->data();
+  std::memset(data_ + size_, layout.tailByte, layout.tail);
 }
 
 Contents::Contents(std::size_t size, const Layout& layout) {
@@ -28,6 +35,10 @@ Contents::Contents(std::size_t size, const Layout& layout) {
 }
 
 Contents::Contents(std::string_view bytes, const Layout& layout) {
+  if (layout.stretchedTo > bytes.size()) {
+    stretch(bytes, layout);
+    return;
+  }
   reserve(bytes.size(), layout);
   if (!bytes.empty()) std::memcpy(data_, bytes.data(), bytes.size());
   if (guarded_) guarded_->seal();

@@ -72,15 +72,16 @@ void Host::keepForever(const ModuleRecord* module) {
   kept->push_back(module);
 }
 
-HostString* Host::makeString(std::string_view bytes, TextEncoding encoding) {
+HostString* Host::makeString(const Text& text) {
   // A text that older hosts let the plugin read in place ends in a terminator; other bytes end where they end.
-  const bool isText = hasReadableStructures() && (encoding == kEncodingASCII || encoding == kEncodingUTF8);
-  Contents::Layout layout{isText ? std::size_t{1} : 0, 0, options_.oddStorage, options_.checking};
-  return own(std::make_unique<HostString>(bytes, encoding, layout, hasReadableStructures()));
+  const bool isText = hasReadableStructures() && (text.encoding == kEncodingASCII || text.encoding == kEncodingUTF8);
+  Contents::Layout layout{isText ? std::size_t{1} : 0, 0, options_.oddStorage, options_.checking, text.stretchedTo};
+  return own(std::make_unique<HostString>(text.bytes, text.encoding, layout, hasReadableStructures()));
 }
 
-HostString* Host::makeConverted(std::string_view bytes, TextEncoding encoding) {
+HostString* Host::makeConverted(std::string_view bytes, TextEncoding encoding, std::size_t stretchedTo) {
   Contents::Layout layout = formLayout(encoding);
+  layout.stretchedTo = stretchedTo;
   layout.odd = options_.oddStorage;
   if (!hasReadableStructures()) layout.tail = 0;
   return own(std::make_unique<HostString>(bytes, encoding, layout, hasReadableStructures()));
@@ -89,6 +90,16 @@ HostString* Host::makeConverted(std::string_view bytes, TextEncoding encoding) {
 MemoryBlock* Host::makeBlock(std::size_t size) {
   Contents bytes(size, Contents::Layout{0, 0, false, options_.checking});
   return own(std::make_unique<MemoryBlock>(std::move(bytes)));
+}
+
+MemoryBlock* Host::makeBlock(const Block& block) {
+  if (block.stretchedTo <= block.bytes.size()) {
+    MemoryBlock* const made = makeBlock(block.bytes.size());
+    block.bytes.copy(reinterpret_cast<char*>(made->contents.data()), block.bytes.size());
+    return made;
+  }
+  const Contents::Layout layout{.stretchedTo = block.stretchedTo};
+  return own(std::make_unique<MemoryBlock>(Contents(std::string_view(block.bytes), layout)));
 }
 
 ExceptionObject* Host::makeException(std::string_view className) {

@@ -62,10 +62,11 @@ class Host {
   // Making things. Each begins with one reference, the caller's; `std::bad_alloc` where there is no memory.
 
   /// A string as a program of the host has it.
-  HostString* makeString(std::string_view bytes, TextEncoding encoding);
+  HostString* makeString(const Text& text);
   /// A string that holds a converted form, terminated as the options say.
-  HostString* makeConverted(std::string_view bytes, TextEncoding encoding);
+  HostString* makeConverted(std::string_view bytes, TextEncoding encoding, std::size_t stretchedTo = 0);
   MemoryBlock* makeBlock(std::size_t size);
+  MemoryBlock* makeBlock(const Block& block);
   ExceptionObject* makeException(std::string_view className);
   /// Where a converted form's terminator and guard lie, for records.
   [[nodiscard]] Contents::Layout formLayout(TextEncoding encoding) const noexcept;

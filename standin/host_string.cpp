@@ -15,6 +15,7 @@ HostString::HostString(std::string_view bytes, TextEncoding mark, const Contents
     : REALstringStruct{kPoison, kPoisonedStorage, kPoison, kPoison, TextEncoding{kPoison}},
       Counted(Kind::kString),
       contents_(bytes, layout),
+      ownSize_(bytes.size()),
       mark_(mark),
       readable_(readable) {
   if (!readable_) return;

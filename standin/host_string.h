@@ -18,6 +18,8 @@ class HostString final : public REALstringStruct, public Counted {
   [[nodiscard]] static HostString* of(REALstringStruct* handle) noexcept { return static_cast<HostString*>(handle); }
 
   [[nodiscard]] std::string_view bytes() const noexcept { return contents_.view(); }
+  /// The bytes that go on repeating; all of them where they don't.
+  [[nodiscard]] std::string_view once() const noexcept { return bytes().substr(0, ownSize_); }
   [[nodiscard]] const std::uint8_t* data() const noexcept { return contents_.data(); }
   [[nodiscard]] TextEncoding mark() const noexcept { return mark_; }
   void setMark(TextEncoding mark) noexcept;
@@ -27,6 +29,7 @@ class HostString final : public REALstringStruct, public Counted {
 
  private:
   Contents contents_;
+  std::size_t ownSize_;
   TextEncoding mark_;
   bool readable_;
 };

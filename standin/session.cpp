@@ -97,7 +97,7 @@ class Arguments {
         const Text* text = std::get_if<Text>(&argument);
         if (text == nullptr) mismatch(method, index);
         if (text->null) break;
-        HostString* const string = host_.makeString(text->bytes, text->encoding);
+        HostString* const string = host_.makeString(*text);
         string->retain();
         value.string = string;
         break;
@@ -106,9 +106,8 @@ class Arguments {
         const Block* block = std::get_if<Block>(&argument);
         if (block == nullptr) mismatch(method, index);
         if (block->nil) break;
-        value.block = host_.makeBlock(block->bytes.size());
+        value.block = host_.makeBlock(*block);
         value.block->retain();
-        block->bytes.copy(reinterpret_cast<char*>(value.block->contents.data()), block->bytes.size());
         break;
       }
       case Type::kInteger: {

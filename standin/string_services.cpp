@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "standin/serving.h"
@@ -19,6 +20,30 @@ class Form final : public Counted {
 
   Contents contents;
 };
+
+/// A string in another encoding: what its bytes give, and how far that repeats where they do.
+struct Converted {
+  std::string bytes;
+  std::size_t stretchedTo;
+};
+
+std::optional<Converted> converted(const Host& host, const HostString* string, TextEncoding encoding) {
+  if (string == nullptr) {
+    if (!isKnown(encoding)) return std::nullopt;
+    Converted empty{};
+    host.dress(empty.bytes, encoding);
+    return empty;
+  }
+  const std::string_view once = string->once();
+  auto bytes = transcode(once, string->mark(), encoding);
+  if (!bytes) return std::nullopt;
+  if (once.size() < string->bytes().size()) {
+    const std::size_t size = string->bytes().size() / once.size() * bytes->size();
+    return Converted{std::move(*bytes), size};
+  }
+  host.dress(*bytes, encoding);
+  return Converted{std::move(*bytes), 0};
+}
 
 /// Tells a record the host filled from one it never saw.
 char gRecordSeal;
@@ -73,13 +98,13 @@ HostBoolean getStringData(REALstringStruct* handle, TextEncoding encoding, Strin
     Host& host = visit.host();
     visit.note(encoding);
     const HostString* string = open(visit, handle);
-    auto text = string == nullptr ? transcode({}, kEncodingUTF8, encoding)
-                                  : transcode(string->bytes(), string->mark(), encoding);
+    const auto text = converted(host, string, encoding);
     if (!text) return false;
-    host.dress(*text, encoding);
-    Form* const form = host.own(std::make_unique<Form>(*text, host.formLayout(encoding)));
+    Contents::Layout layout = host.formLayout(encoding);
+    layout.stretchedTo = text->stretchedTo;
+    Form* const form = host.own(std::make_unique<Form>(text->bytes, layout));
     record->data = host.options().recordsWithoutData ? nullptr : form->contents.data();
-    record->length = static_cast<std::int32_t>(std::max<std::size_t>(text->size(), record->data ? 0 : 4));
+    record->length = static_cast<std::int32_t>(std::max<std::size_t>(form->contents.size(), record->data ? 0 : 4));
     record->reserved[0] = form;
     record->reserved[1] = &gRecordSeal;
     record->reserved[2] = record;
@@ -102,10 +127,8 @@ REALstringStruct* convertString(REALstringStruct* handle, TextEncoding encoding)
     visit.note(encoding);
     const HostString* string = open(visit, handle);
     if (string == nullptr) return nullptr;
-    auto text = transcode(string->bytes(), string->mark(), encoding);
-    if (!text) return nullptr;
-    visit.host().dress(*text, encoding);
-    return visit.host().makeConverted(*text, encoding);
+    const auto text = converted(visit.host(), string, encoding);
+    return text ? visit.host().makeConverted(text->bytes, encoding, text->stretchedTo) : nullptr;
   });
 }
 

@@ -17,6 +17,7 @@ struct Text {
   std::string bytes;
   TextEncoding encoding = kEncodingNone;
   bool null = false;
+  std::size_t stretchedTo = 0;  ///< of an argument, above the number of bytes: they go on repeating up to so many
 
   bool operator==(const Text&) const = default;
 };
@@ -41,6 +42,7 @@ struct Text {
 struct Block {
   std::string bytes;
   bool nil = false;
+  std::size_t stretchedTo = 0;  ///< as of a text
 
   bool operator==(const Block&) const = default;
 };

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
-#include <charconv>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -17,6 +16,7 @@
 
 #include "standin/transcode.h"
 #include "stringhost/nearest.h"
+#include "stringhost/numbers.h"
 #include "stringhost/usage_error.h"
 
 namespace stringhost {
@@ -128,7 +128,7 @@ template <typename Number>
 Number parseNumber(const std::string& written, const standin::Parameter& parameter, const char* what) {
   Number number{};
   const char* const last = written.data() + written.size();
-  const auto [end, error] = std::from_chars(written.data(), last, number);
+  const auto [end, error] = numbers::read(written.data(), last, number);
   if (end != last || error == std::errc::invalid_argument) refuseValue(written, parameter, what);
   if (error == std::errc::result_out_of_range) {
     throw UsageError("'" + written + "' is out of range for " + parameter.name + ", " + what);
@@ -181,7 +181,11 @@ std::vector<Argument> parseArguments(const standin::Declaration& declaration, co
   }
   std::vector<Argument> arguments;
   for (std::size_t index = 0; index < written.size(); ++index) {
-    arguments.push_back(parseArgument(declaration.parameters[index], written[index], source));
+    try {
+      arguments.push_back(parseArgument(declaration.parameters[index], written[index], source));
+    } catch (const UsageError& error) {
+      throw UsageError(error.what(), error.hint(), static_cast<int>(index) + 1);
+    }
   }
   return arguments;
 }

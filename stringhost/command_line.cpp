@@ -2,8 +2,8 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <charconv>
 #include <cstdint>
+#include <system_error>
 #include <utility>
 
 #include "standin/options.h"
@@ -11,6 +11,7 @@
 #include "stringhost/arguments.h"
 #include "stringhost/encoding_names.h"
 #include "stringhost/nearest.h"
+#include "stringhost/numbers.h"
 #include "stringhost/usage_error.h"
 
 namespace stringhost {
@@ -33,7 +34,7 @@ bool contains(const std::vector<std::string>& words, const std::string& word) {
 
 bool isNumber(const std::string& word) {
   double number = 0;
-  const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
+  const auto [end, error] = numbers::read(word.data(), word.data() + word.size(), number);
   return error != std::errc::invalid_argument && end == word.data() + word.size();
 }
 
@@ -85,10 +86,8 @@ auto valueNamed(const Table& table, const std::string& name, const std::string& 
 template <typename Number>
 CLI::Validator checked(Number least, Number most, const std::string& what) {
   const auto check = [=](const std::string& word) -> std::string {
-    Number number{};
-    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
-    const bool isNumber = error == std::errc() && end == word.data() + word.size();
-    if (isNumber && number >= least && number <= most) return {};
+    const auto number = numbers::parse<Number>(word);
+    if (number && *number >= least && *number <= most) return {};
     return "'" + word + "' is no " + what + " (" + std::to_string(static_cast<std::int64_t>(least)) + " to " +
            std::to_string(static_cast<std::int64_t>(most)) + ")";
   };
@@ -149,7 +148,7 @@ class Parser {
  private:
   void addList() {
     list_ = app_.add_subcommand("list", "List the methods the plugin registers")->fallthrough();
-    list_->add_option("PATTERN", line_.pattern, "A part of the name, or with * and ? the whole of it");
+    list_->add_option("PATTERN", line_.pattern, "A part of the name, or with * and ? the whole of it")->type_name("");
     list_->add_flag("--json", line_.asJson, "As JSON: name, declaration, parameters, result");
   }
 

@@ -1,6 +1,6 @@
 #include "stringhost/output.h"
 
-#include <charconv>
+#include <algorithm>
 #include <cmath>
 #include <nlohmann/json.hpp>
 #include <optional>
@@ -8,6 +8,7 @@
 
 #include "standin/transcode.h"
 #include "stringhost/encoding_names.h"
+#include "stringhost/numbers.h"
 #include "stringhost/printable.h"
 #include "stringhost/timing.h"
 
@@ -21,6 +22,7 @@ std::optional<std::string> readable(const standin::Text& text) {
   const bool isMarked = text.encoding != kEncodingNone && text.encoding != kEncodingUTF8;
   auto utf8 = isMarked ? standin::transcode(text.bytes, text.encoding, kEncodingUTF8) : std::optional(text.bytes);
   if (!utf8) return std::nullopt;
+  if (std::all_of(utf8->begin(), utf8->end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; })) return utf8;
   // Malformed text would not come back from another form as it was.
   const std::string wide = *standin::transcode(*utf8, kEncodingUTF8, kEncodingUTF32);
   return *standin::transcode(wide, kEncodingUTF32, kEncodingUTF8) == *utf8 ? utf8 : std::nullopt;
@@ -31,12 +33,7 @@ std::string shown(const standin::Text& text) {
   return utf8 && isPrintable(*utf8) ? *utf8 : "hex:" + hexDigits(text.bytes);
 }
 
-/// The shortest digits that read back as the same number.
-std::string digits(double number) {
-  if (std::isnan(number)) return "nan";
-  char buffer[32];
-  return {buffer, std::to_chars(buffer, buffer + sizeof buffer, number).ptr};
-}
+std::string digits(double number) { return std::isnan(number) ? "nan" : numbers::shortest(number); }
 
 /// The bytes of a string or memory block; nothing for other values.
 template <typename Value>
@@ -125,12 +122,12 @@ std::string inWords(const Value& value) {
 
 std::string hexDigits(std::string_view bytes) {
   constexpr char kDigits[] = "0123456789ABCDEF";
-  std::string out;
-  out.reserve(bytes.size() * 2);
+  std::string out(bytes.size() * 2, '0');
+  char* at = out.data();
   for (const char c : bytes) {
     const auto byte = static_cast<unsigned char>(c);
-    out += kDigits[byte >> 4];
-    out += kDigits[byte & 0x0F];
+    *at++ = kDigits[byte >> 4];
+    *at++ = kDigits[byte & 0x0F];
   }
   return out;
 }

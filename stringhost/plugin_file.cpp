@@ -1,5 +1,6 @@
 #include "stringhost/plugin_file.h"
 
+#include <string>
 #include <system_error>
 
 #include "stringhost/usage_error.h"
@@ -9,7 +10,6 @@
 #elif defined(__APPLE__)
 #include <cstdint>
 #include <mach-o/dyld.h>
-#include <string>
 #endif
 
 namespace stringhost {
@@ -40,7 +40,7 @@ fs::path executableFolder() {
 fs::path neighbour() {
   const fs::path name = PLUGIN_FILE_NAME;
   const fs::path folder = executableFolder();
-  for (const fs::path& candidate : {folder / name, folder.parent_path() / name, folder.parent_path() / "lib" / name}) {
+  for (const fs::path& candidate : {folder / name, folder.parent_path() / name, folder / PLUGIN_FOLDER / name}) {
     std::error_code failure;
     if (fs::is_regular_file(candidate, failure)) return candidate;
   }

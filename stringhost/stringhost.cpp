@@ -55,7 +55,7 @@ void finish(std::ostream& out) {
 }  // namespace
 
 int run(const std::vector<std::string>& arguments, std::istream& in, std::ostream& out, std::ostream& err,
-        bool terminal, bool watched) {
+        bool terminal, bool watched, int* wrongArgument) {
   errno = 0;
   try {
     const CommandLine line = parseCommandLine(arguments);
@@ -68,6 +68,7 @@ int run(const std::vector<std::string>& arguments, std::istream& in, std::ostrea
     finish(out);
     return status;
   } catch (const UsageError& error) {
+    if (wrongArgument != nullptr) *wrongArgument = error.argument();
     err << "stringhost: " << visible(error.what()) << '\n';
     if (!error.hint().empty()) err << visible(error.hint()) << '\n';
   } catch (const std::bad_alloc&) {

@@ -20,8 +20,9 @@ enum Status {
 /// @param in         what an argument "-" reads
 /// @param terminal   whether a person reads `out`: results are then shown, not handed on byte for byte
 /// @param watched    whether a person reads `err`: what takes long is then kept up to date in place
+/// @param wrongArgument  gets the number of the method's argument that makes no sense, where it is one
 /// @return the exit status
 int run(const std::vector<std::string>& arguments, std::istream& in, std::ostream& out, std::ostream& err,
-        bool terminal, bool watched = false);
+        bool terminal, bool watched = false, int* wrongArgument = nullptr);
 
 }  // namespace stringhost

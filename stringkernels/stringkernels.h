@@ -1,5 +1,6 @@
 /// Fast string functions for C++ programs: markup, transfer encodings, bit operations, text distances, counting, hex
-/// dumps, number formats. Needs C++17 and nothing but the standard library.
+/// dumps, number formats. Needs C++17 and nothing but the standard library. For C programs there is a part of its own
+/// at the end; they are linked with the C++ runtime.
 ///
 /// What all functions have in common:
 /// - Bytes and text come as `std::string_view` and go as `std::string`; both may hold zero bytes. Text is UTF-8, and
@@ -11,6 +12,8 @@
 /// - They keep no state, so that any number of threads may call them at once. They take time in proportion to the
 ///   sizes of input and result, the edit distances aside, and use AVX2 and AVX-512 where the processor has them.
 #pragma once
+
+#ifdef __cplusplus
 
 #include <cstdint>
 #include <string>
@@ -179,3 +182,79 @@ enum class ByteOrderMark {
 [[nodiscard]] std::string formatScientific(double value, std::int32_t decimals);
 
 }  // namespace stringkernels
+
+#endif  // __cplusplus
+
+// ---- For C ----------------------------------------------------------------------------------------------------------
+
+// NOLINTBEGIN: names as C has them
+#include <stddef.h>
+#include <stdint.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/// How a call ended. What is malformed is no failure: it has a result, as described above.
+typedef enum stringkernels_status {
+  STRINGKERNELS_OK = 0,
+  STRINGKERNELS_TOO_LONG = 1,  ///< an input or the result has more than 2,147,483,647 bytes
+  STRINGKERNELS_NO_MEMORY = 2,
+} stringkernels_status;
+
+/// Bytes that belong to the caller, who gives them back with `stringkernels_free`. A zero byte follows, not counted.
+typedef struct stringkernels_bytes {
+  char* data;
+  size_t size;
+} stringkernels_bytes;
+
+/// What becomes of bytes: the functions above, with their usual options where the name tells no others.
+typedef enum stringkernels_transformation {
+  STRINGKERNELS_ENCODE_HTML,
+  STRINGKERNELS_ENCODE_HTML_KEEPING_MARKUP,
+  STRINGKERNELS_ENCODE_XML,
+  STRINGKERNELS_DECODE_REFERENCES,
+  STRINGKERNELS_REMOVE_TAGS,
+  STRINGKERNELS_ENCODE_HEX,
+  STRINGKERNELS_DECODE_HEX,
+  STRINGKERNELS_ENCODE_URL,
+  STRINGKERNELS_ENCODE_URL_FORM,  ///< `Plus::kSpace`
+  STRINGKERNELS_DECODE_URL,
+  STRINGKERNELS_DECODE_URL_FORM,  ///< `Plus::kSpace`
+  STRINGKERNELS_ENCODE_QUOTED_PRINTABLE,
+  STRINGKERNELS_DECODE_QUOTED_PRINTABLE,
+  STRINGKERNELS_ENCODE_EMAIL_SUBJECT,
+  STRINGKERNELS_DECODE_YENC,
+  STRINGKERNELS_DECODE_MYSQL,
+  STRINGKERNELS_ENCODE_LATIN1,
+  STRINGKERNELS_DECODE_LATIN1,
+  STRINGKERNELS_ENCODE_WINDOWS_1252,
+  STRINGKERNELS_DECODE_WINDOWS_1252,
+  STRINGKERNELS_REPLACE_UNPRINTABLE,
+  STRINGKERNELS_HEX_DUMP,
+  STRINGKERNELS_REPLACE_SQL_BOOLEANS,
+} stringkernels_transformation;
+
+/// Transforms bytes into new ones. Without success the result is null and empty.
+stringkernels_status stringkernels_transform(stringkernels_transformation transformation, const char* data, size_t size,
+                                             stringkernels_bytes* result);
+
+/// Gives the bytes of a result back, and leaves it null and empty. Nothing happens to one that is.
+void stringkernels_free(stringkernels_bytes* bytes);
+
+/// `editDistance`; 0 without success.
+stringkernels_status stringkernels_edit_distance(const char* a, size_t a_size, const char* b, size_t b_size,
+                                                 int64_t* distance);
+
+/// `jaroWinklerDistance`; 0 without success.
+stringkernels_status stringkernels_jaro_winkler_distance(const char* a, size_t a_size, const char* b, size_t b_size,
+                                                         double* distance);
+
+/// `countOccurrences`; 0 without success.
+stringkernels_status stringkernels_count_occurrences(const char* data, size_t size, const char* pattern,
+                                                     size_t pattern_size, int64_t* count);
+
+#ifdef __cplusplus
+}
+#endif
+// NOLINTEND

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <cstring>
 
+#include "memory/wrapping.h"
+
 namespace byte_word {
 
 inline constexpr std::size_t kSize = 8;
@@ -21,7 +23,7 @@ inline constexpr std::uint64_t kHighBits = 0x8080'8080'8080'8080;
 inline void store(std::uint8_t* to, std::uint64_t word) noexcept { std::memcpy(to, &word, sizeof word); }
 
 /// True when one of the eight bytes is `byte`.
-[[nodiscard]] constexpr bool contains(std::uint64_t word, std::uint8_t byte) noexcept {
+[[nodiscard]] WRAPPING_FUNCTION constexpr bool contains(std::uint64_t word, std::uint8_t byte) noexcept {
   const std::uint64_t zeroWhereEqual = word ^ (kOnes * byte);
   return ((zeroWhereEqual - kOnes) & ~zeroWhereEqual & kHighBits) != 0;
 }

@@ -2,18 +2,9 @@
 
 #ifdef WIDE_AVX2
 
-#include <atomic>
 #include <cpuid.h>
 
 namespace {
-
-/// What the CPU offers, as flags.
-using Offer = unsigned;
-constexpr Offer kAsked = 1;
-constexpr Offer kAvx2 = 2;
-constexpr Offer kAvx512 = 4;
-
-std::atomic<Offer> knownOffer{0};
 
 /// The register state the system saves on a task switch (extended control register 0).
 unsigned savedState() noexcept {
@@ -25,7 +16,7 @@ unsigned savedState() noexcept {
 
 bool hasAll(unsigned offered, unsigned wanted) noexcept { return (offered & wanted) == wanted; }
 
-Offer askCpu() noexcept {
+unsigned offerOfCpu() noexcept {
   constexpr unsigned kSseAndAvxState = 0x06;
   constexpr unsigned kAvx512State = 0xE0;
   constexpr unsigned kPopcnt = 1U << 23;                                 // leaf 1, ECX
@@ -37,28 +28,21 @@ Offer askCpu() noexcept {
   unsigned b = 0;
   unsigned c = 0;
   unsigned d = 0;
-  if (__get_cpuid(1, &a, &b, &c, &d) == 0 || !hasAll(c, bit_OSXSAVE | kPopcnt)) return kAsked;
+  if (__get_cpuid(1, &a, &b, &c, &d) == 0 || !hasAll(c, bit_OSXSAVE | kPopcnt)) return cpu::kAsked;
   const unsigned state = savedState();
-  if (!hasAll(state, kSseAndAvxState)) return kAsked;
-  if (__get_cpuid(0x8000'0001, &a, &b, &c, &d) == 0 || !hasAll(c, kLzcnt)) return kAsked;
-  if (__get_cpuid_count(7, 0, &a, &b, &c, &d) == 0 || !hasAll(b, kFeatures7)) return kAsked;
+  if (!hasAll(state, kSseAndAvxState)) return cpu::kAsked;
+  if (__get_cpuid(0x8000'0001, &a, &b, &c, &d) == 0 || !hasAll(c, kLzcnt)) return cpu::kAsked;
+  if (__get_cpuid_count(7, 0, &a, &b, &c, &d) == 0 || !hasAll(b, kFeatures7)) return cpu::kAsked;
   const bool isWider = hasAll(state, kAvx512State) && hasAll(b, kWideSets7) && hasAll(c, kVbmi2);
-  return kAsked | kAvx2 | (isWider ? kAvx512 : 0);
-}
-
-Offer offer() noexcept {
-  Offer known = knownOffer.load(std::memory_order_relaxed);
-  if (known == 0) {
-    known = askCpu();
-    knownOffer.store(known, std::memory_order_relaxed);
-  }
-  return known;
+  return cpu::kAsked | cpu::kAvx2 | (isWider ? unsigned{cpu::kAvx512} : 0);
 }
 
 }  // namespace
 
-bool cpu::hasAvx2() noexcept { return (offer() & kAvx2) != 0; }
-
-bool cpu::hasAvx512() noexcept { return (offer() & kAvx512) != 0; }
+unsigned cpu::askOffer() noexcept {
+  const unsigned offer = offerOfCpu();
+  knownOffer.store(offer, std::memory_order_relaxed);
+  return offer;
+}
 
 #endif  // WIDE_AVX2

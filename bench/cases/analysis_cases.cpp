@@ -58,7 +58,7 @@ std::string hanOnly(std::size_t size, Random& random) {
 
 std::vector<Case> analysisCases() {
   const std::string group = "Analysis";
-  const std::vector<std::size_t> characters = {8, 64, 256, 2000, 10000};
+  const std::vector<std::size_t> characters = {8, 64, 256, 1000, 2000, 10000};
   return {
       {group,
        "Levenshtein",

@@ -25,6 +25,8 @@ struct Contents {
 
 constexpr std::size_t kTerminator = sizeof(char32_t);
 
+std::size_t bytesInStrings = 0;
+
 Contents* contentsOf(REALstringStruct* string) noexcept { return reinterpret_cast<Contents*>(string); }
 Contents* contentsOf(REALmemoryBlockStruct* block) noexcept { return reinterpret_cast<Contents*>(block); }
 
@@ -91,6 +93,7 @@ REALstringStruct* lean::makeString(ByteView bytes, TextEncoding encoding) noexce
   if (bytes.empty()) return nullptr;
   Contents* const contents = allocate(bytes.size());
   if (contents == nullptr) return nullptr;
+  bytesInStrings += bytes.size();
   std::memcpy(contents->bytes(), bytes.data(), bytes.size());
   std::memset(contents->bytes() + bytes.size(), 0, kTerminator);
   contents->encoding = encoding;
@@ -140,6 +143,8 @@ REALstringStruct* lean::converted(REALstringStruct* string, TextEncoding encodin
   contents->encoding = encoding;
   return reinterpret_cast<REALstringStruct*>(contents);
 }
+
+std::size_t lean::bytesMade() noexcept { return bytesInStrings; }
 
 REALmemoryBlockStruct* lean::makeBlock(std::int64_t size) noexcept {
   return reinterpret_cast<REALmemoryBlockStruct*>(allocate(static_cast<std::size_t>(size)));

@@ -26,6 +26,9 @@ void drop(REALstringStruct* string) noexcept;
 /// A new string of the same text in UTF-8, converted anew at every call. Null for no text.
 [[nodiscard]] REALstringStruct* converted(REALstringStruct* string, TextEncoding encoding) noexcept;
 
+/// The bytes of all strings made so far.
+[[nodiscard]] std::size_t bytesMade() noexcept;
+
 /// Memory blocks; made without references of anyone else's, freed with the last one.
 [[nodiscard]] REALmemoryBlockStruct* makeBlock(std::int64_t size) noexcept;
 [[nodiscard]] std::uint8_t* dataOf(REALmemoryBlockStruct* block) noexcept;

@@ -40,6 +40,12 @@ std::int64_t removeTags(const Operands& in) {
   return static_cast<std::int64_t>(remove(in.first(), in.scratch.first(in.first().size())));
 }
 
+std::int64_t replaceTags(const Operands& in) {
+  const std::int64_t size = tags::replacedSize(in.first(), in.bytes[1]);
+  tags::replace(in.first(), in.bytes[1], in.scratch.first(static_cast<std::size_t>(size)));
+  return size;
+}
+
 namespace need = encoding_need;
 
 const KernelLines lines{
@@ -55,6 +61,7 @@ const KernelLines lines{
     {"HTML readiness", "plain", ready<readiness::scalar::isReady>},
     {"tag removal", "kernel", removeTags<tags::remove>},
     {"tag removal", "plain", removeTags<tags::scalar::remove>},
+    {"tag replacement", "kernel", replaceTags},
 };
 
 }  // namespace

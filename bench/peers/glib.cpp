@@ -64,6 +64,11 @@ void replaceBooleans(const Operands& in, AnswerSink& answer) {
   give(g_regex_replace_eval(words, in.chars(), size(in), 0, {}, evaluate, nullptr, nullptr), answer);
 }
 
+void removeTags(const Operands& in, AnswerSink& answer) {
+  static GRegex* const tags = g_regex_new("<[^>]*>", G_REGEX_OPTIMIZE, {}, nullptr);
+  give(g_regex_replace_literal(tags, in.chars(), size(in), 0, "", {}, nullptr), answer);
+}
+
 const PeerLines lines{
     {"HTML encode", "GLib g_markup_escape_text", escapeMarkup, "keeps what is not ASCII, writes &apos;"},
     {"XML encode", "GLib g_markup_escape_text", escapeMarkup, "writes &apos;"},
@@ -74,6 +79,7 @@ const PeerLines lines{
     {"from Windows-1252", "GLib g_convert", fromSet<'w'>, nullptr},
     {"to ISO-8859-1", "GLib g_convert", toSet<'i'>, nullptr},
     {"to Windows-1252", "GLib g_convert", toSet<'w'>, nullptr},
+    {"tag removal", "GLib GRegex", removeTags, "tags don't nest, brackets alone stay"},
     {"SQL booleans", "GLib GRegex", replaceBooleans, "rewrites inside quotation marks too, other word ends"},
 };
 

@@ -90,6 +90,17 @@ void loop(const Operands& in, AnswerSink& answer, Combine combine) {
   answer.text(in.scratch.data(), in.first().size());
 }
 
+/// As `xorLoop`, with the position in the third place.
+void xorPositionLoop(const Operands& in, AnswerSink& answer) {
+  const ByteView mask = in.bytes[1];
+  std::size_t k = static_cast<std::size_t>(in.integers[0]);
+  for (std::size_t i = 0; i < in.first().size(); ++i) {
+    in.scratch[i] = static_cast<std::uint8_t>(in.first()[i] ^ mask[k] ^ i);
+    if (++k == mask.size()) k = 0;
+  }
+  answer.text(in.scratch.data(), in.first().size());
+}
+
 void andLoop(const Operands& in, AnswerSink& answer) { loop(in, answer, std::bit_and<>()); }
 void orLoop(const Operands& in, AnswerSink& answer) { loop(in, answer, std::bit_or<>()); }
 
@@ -130,6 +141,7 @@ const PeerLines lines{
     {"AND", "byte loop", andLoop, nullptr},
     {"OR", "byte loop", orLoop, nullptr},
     {"XOR", "byte loop", xorLoop, nullptr},
+    {"XOR2", "byte loop", xorPositionLoop, nullptr},
     {"concatenation", "std::string", append, nullptr},
     {"concatenation of six", "std::string", append, nullptr},
     {"Str", "std::to_chars", toCharsFixed, "writes the shortest digits that read back, rounded, without trailing zeros",

@@ -8,6 +8,7 @@
 #include "bench/report/bars.h"
 #include "bench/report/figures.h"
 #include "bench/report/machine.h"
+#include "bench/report/targets.h"
 
 namespace {
 
@@ -64,10 +65,11 @@ std::string behindSection(std::span<const Result> results) {
     if (!result.isBehind()) continue;
     lines += "| " + result.job + " | " + result.corpus + " | " + sizeText(result.size, result.unit) + " | " +
              figures::ratio(result.againstPeer()) + " | " + result.bestPeer()->name + " | " + result.bestPeer()->rule +
-             " |\n";
+             " | " + reasonFor(result) + " |\n";
   }
   if (lines.empty()) return "Nothing that was timed is behind a peer.\n\n";
-  return "## Behind a peer\n\n| Job | Input | Size | × | Peer | Its rule |\n|---|---|--:|--:|---|---|\n" + lines + "\n";
+  return "## Behind a peer\n\n| Job | Input | Size | × | Peer | Its rule | Reason |\n|---|---|--:|--:|---|---|---|\n" +
+         lines + "\n";
 }
 
 std::string cell(const Figure* figure) { return figure != nullptr ? figures::time(figure->nanoseconds) : ""; }
@@ -119,7 +121,7 @@ void writePage(const std::filesystem::path& folder, std::span<const Result> resu
   const std::vector<Row> rows = rowsOf(results);
   std::filesystem::create_directories(folder / "speed");
   std::ofstream page(folder / "speed.md");
-  page << heading() << behindSection(results);
+  page << heading() << behindSection(results) << targetsSection(results);
   std::string group;
   for (const Row& row : rows) {
     if (row.group != group) {

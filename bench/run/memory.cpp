@@ -37,6 +37,7 @@ struct Measured {
   std::size_t input;
   std::size_t output;
   std::size_t peak;
+  std::size_t handed;
 };
 
 Measured measure(const std::filesystem::path& plugin, const Case& test, const Corpus& corpus) {
@@ -51,12 +52,13 @@ Measured measure(const std::filesystem::path& plugin, const Case& test, const Co
 
   forgetPeak();
   const std::size_t before = statusBytes("VmRSS:");
+  const std::size_t madeBefore = lean::bytesMade();
   const lean::Answer answer = call();
   const std::size_t peak = statusBytes("VmHWM:");
   const bool isNew = answer.string != nullptr && (arguments.strings.empty() || answer.string != arguments.strings[0]);
   std::size_t output = isNew ? lean::bytesOf(answer.string).size() : 0;
   if (answer.block != nullptr) output = static_cast<std::size_t>(lean::sizeOf(answer.block));
-  return {input.byteCount(), output, peak > before ? peak - before : 0};
+  return {input.byteCount(), output, peak > before ? peak - before : 0, lean::bytesMade() - madeBefore};
 }
 
 /// What the corpus is like that shows the most: the one with everything to do comes last.
@@ -69,7 +71,7 @@ std::vector<MemoryUse> measureMemory(const std::filesystem::path& plugin, const 
   for (const Case& test : cases) {
     if (test.unit == "number") continue;
     const std::optional<Measured> use = inChild([&] { return measure(plugin, test, worst(test)); });
-    if (use) uses.push_back({test.job, worst(test).name, use->input, use->output, use->peak});
+    if (use) uses.push_back({test.job, worst(test).name, use->input, use->output, use->peak, use->handed});
   }
   return uses;
 }

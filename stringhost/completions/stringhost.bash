@@ -1,4 +1,4 @@
-# Completion of stringhost for bash. The names of methods and services are the program's own, asked for as they are needed.
+# Completion of stringhost for bash. The names of methods are the program's own, asked for as they are needed.
 _stringhost() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} command='' word
   local -i at positional=0

@@ -91,6 +91,17 @@ TEST_CASE("counting: patterns of all kinds in texts of few letters") {
   }
 }
 
+TEST_CASE("counting: a rare word at every place") {
+  for (std::size_t place = 0; place < 700; ++place) {
+    std::string text(700 + 3 * (place % 5), 'e');
+    text.replace(place, 3, "ezq");
+    checkCount(text, "ezq");
+    checkCount(text, "zq");
+    checkCount(text, std::string(20, 'e') + "z");
+    checkCount(text + text, "qe");
+  }
+}
+
 TEST_CASE("counting: texts on which filters fail") {
   const std::string a(4000, 'a');
   const auto brokenBy = [](std::string text, char byte, std::size_t distance) {

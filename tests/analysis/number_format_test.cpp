@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "analysis/double_characters.h"
 #include "tests/reference/number_format.h"
 
 namespace {
@@ -169,6 +170,29 @@ TEST_CASE("scientific form: any number of decimals gives what the C library give
       CAPTURE(decimals);
       REQUIRE(scientific(value, decimals) == reference::scientificNumber(value, decimals));
     }
+  }
+}
+
+TEST_CASE("both routes to a double's characters give the same, also where they don't fit") {
+  using Write = char*(char*, const char*, double, std::chars_format, int) noexcept;
+  const auto written = [](Write* write, double value, std::chars_format format, int decimals, std::size_t room) {
+    std::array<char, 1100> text;
+    const char* const end = write(text.data(), text.data() + room, value, format, decimals);
+    return end == nullptr ? "too long" : std::string(static_cast<const char*>(text.data()), end);
+  };
+  RandomDoubles random;
+  for (int round = 0; round < 20'000; ++round) {
+    const double special[] = {0.0, Limits::infinity(), Limits::quiet_NaN(), Limits::denorm_min(), Limits::max()};
+    const double value = round < 200 ? std::copysign(special[round % 5], round % 2 - 0.5) : random();
+    if (std::isnan(value) && std::signbit(value)) continue;  // no sign of a NaN is ever shown
+    const auto format = round % 3 == 0 ? std::chars_format::fixed : std::chars_format::scientific;
+    const int decimals = round * 7 % (round % 5 == 0 ? 767 : 40);
+    const std::size_t room = round % 4 == 0 ? static_cast<std::size_t>(round % 60) : 1100;
+    CAPTURE(value);
+    CAPTURE(decimals);
+    CAPTURE(room);
+    REQUIRE(written(double_characters::formatted::write, value, format, decimals, room) ==
+            written(double_characters::write, value, format, decimals, room));
   }
 }
 

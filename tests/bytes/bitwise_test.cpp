@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "memory/limits.h"
 #include "tests/reference/bitwise.h"
 #include "tests/support/forms.h"
 #include "tests/support/placed_bytes.h"
@@ -53,6 +54,7 @@ TEST_CASE("bitwise: examples") {
     CAPTURE(c.name);
     CHECK(combined(c.operation, c.data, c.mask, c.offset) == c.result);
   }
+  CHECK(bitwise::describedSize(kMaxSize - 5) == kMaxSize);
   CHECK(combined(Operation::kXorPosition, std::string(300, '\0'), "\0"sv).substr(254, 4) == "\xFE\xFF\0\1"sv);
 }
 

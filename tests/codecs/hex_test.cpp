@@ -7,7 +7,7 @@
 #include "tests/reference/hex.h"
 #include "tests/support/forms.h"
 #include "tests/support/placed_bytes.h"
-#include "tests/support/random_bytes.h"
+#include "tests/support/twins.h"
 
 using namespace std::string_view_literals;
 
@@ -31,19 +31,12 @@ std::string decoded(std::string_view digits, Kernel kernel = hex::decode, std::s
   return result(kernel, digits, hex::decodedSize(std::ssize(digits)), offset);
 }
 
-struct Case {
-  const char* name;
-  std::string_view digits;
-  std::string_view bytes;
-};
-
-constexpr Case kBothWays[] = {
+constexpr Example kEncoding[] = {
     {"nothing", "", ""},
-    {"lowest and highest bytes", "007FFF", "\0\x7F\xFF"sv},
-    {"the UTF-8 bytes of a letter", "C3A9", "\xC3\xA9"},
+    {"lowest and highest bytes", "\0\x7F\xFF"sv, "007FFF"},
 };
 
-constexpr Case kDecoding[] = {
+constexpr Example kDecoding[] = {
     {"both letter cases", "4a4B", "JK"},
     {"an unpaired last character is ignored", "ABC", "\xAB"},
     {"a single character is no pair", "A", ""},
@@ -71,15 +64,10 @@ void agreesWithTwin(Kernel encode, Kernel decode) {
 }  // namespace
 
 TEST_CASE("hex: examples") {
-  for (const Case& c : kBothWays) {
-    CAPTURE(c.name);
-    CHECK(encoded(c.bytes) == c.digits);
-    CHECK(decoded(c.digits) == c.bytes);
-  }
-  for (const Case& c : kDecoding) {
-    CAPTURE(c.name);
-    CHECK(decoded(c.digits) == c.bytes);
-  }
+  checkExamples(
+      kEncoding, [](std::string_view bytes) { return encoded(bytes); }, reference::hexEncoded);
+  checkExamples(
+      kDecoding, [](std::string_view digits) { return decoded(digits); }, reference::hexDecoded);
 }
 
 TEST_CASE("hex: the longest input whose digits can be had") {

@@ -3,22 +3,16 @@
 
 #include <doctest/doctest.h>
 
-#include "tests/codecs/shortening.h"
 #include "tests/reference/mysql.h"
 #include "tests/support/forms.h"
-#include "tests/support/random_bytes.h"
+#include "tests/support/shortening.h"
+#include "tests/support/twins.h"
 
 using namespace std::string_view_literals;
 
 namespace {
 
-struct Case {
-  const char* name;
-  std::string_view text;
-  std::string_view bytes;
-};
-
-constexpr Case kCases[] = {
+constexpr Example kExamples[] = {
     {"nothing", "", ""},
     {"a quote", R"(It\'s)", "It's"},
     {"a backslash", R"(a\\b)", R"(a\b)"},
@@ -33,30 +27,11 @@ constexpr Case kCases[] = {
     {"only a backslash", R"(\)", R"(\)"},
 };
 
-void agreesWithTwin(ShorteningKernel kernel) {
-  RandomBytes random(1995);
-  constexpr std::string_view kAlphabets[] = {R"(some text with few escapes: \n)", R"(\)", R"(\n)", R"(\\\0'"bnrtZ%_xN)",
-                                             "no escapes"};
-  for (std::size_t length = 0; length <= 200; ++length) {
-    CAPTURE(length);
-    for (const std::string_view alphabet : kAlphabets) {
-      const std::string text = random.of(alphabet, length);
-      const std::string expected = reference::mysqlDecoded(text);
-      CHECK(shortened(kernel, text, random.below(1024)) == expected);
-      CHECK(shortened(kernel, text, random.below(1024), 64) == expected);
-    }
-  }
-}
+std::string decoded(std::string_view text) { return shortened(mysql::decode, text); }
 
 }  // namespace
 
-TEST_CASE("mysql: examples") {
-  for (const Case& c : kCases) {
-    CAPTURE(c.name);
-    CHECK(shortened(mysql::decode, c.text) == c.bytes);
-    CHECK(reference::mysqlDecoded(c.text) == c.bytes);
-  }
-}
+TEST_CASE("mysql: examples") { checkExamples(kExamples, decoded, reference::mysqlDecoded); }
 
 TEST_CASE("mysql: every pair, alone and across the end of a vector") {
   for (int second = 0; second < 256; ++second) {
@@ -64,9 +39,18 @@ TEST_CASE("mysql: every pair, alone and across the end of a vector") {
     const std::string pair{'\\', static_cast<char>(second)};
     for (const std::size_t before : {0U, 30U, 31U, 32U}) {
       const std::string text = std::string(before, '.') + pair + "n.";
-      CHECK(shortened(mysql::decode, text) == reference::mysqlDecoded(text));
+      CHECK(decoded(text) == reference::mysqlDecoded(text));
     }
   }
 }
 
-TEST_CASE("mysql: every form agrees with the naive twin") { IN_EVERY_FORM(mysql, agreesWithTwin(form::decode)); }
+TEST_CASE("mysql: every form agrees with the naive twin, with room behind the output and without") {
+  for (const std::size_t room : {0U, 64U}) {
+    IN_EVERY_FORM(mysql, checkAgainstTwin(
+                             {R"(some text with few escapes: \n)", R"(\)", R"(\n)", R"(\\\0'"bnrtZ%_xN)", "no escapes"},
+                             [room](std::string_view text, std::size_t offset) {
+                               return shortened(form::decode, text, offset, room);
+                             },
+                             reference::mysqlDecoded));
+  }
+}

@@ -4,10 +4,10 @@
 #include <doctest/doctest.h>
 
 #include "memory/limits.h"
-#include "tests/codecs/shortening.h"
 #include "tests/reference/url.h"
 #include "tests/support/forms.h"
-#include "tests/support/random_bytes.h"
+#include "tests/support/shortening.h"
+#include "tests/support/twins.h"
 
 using namespace std::string_view_literals;
 
@@ -70,49 +70,29 @@ constexpr Case kDecoding[] = {
     {"one digit at the end", 0, "a%4", "a@"},
 };
 
-void encodesAsTwin(Kernel kernel) {
-  RandomBytes random(3986);
-  for (std::size_t length = 0; length <= 200; ++length) {
-    CAPTURE(length);
-    for (int options = 0; options < 4; ++options) {
-      const std::string alphabets[] = {"plain", "a b+c/d", " \xE9", "\xC3\xA9\xE2\x82\xAC", "+x", random(40)};
-      for (const std::string& alphabet : alphabets) {
-        const std::string bytes = random.of(alphabet, length);
-        CHECK(encoded(bytes, options, kernel, random.below(1024)) == reference::urlEncoded(bytes, options));
-      }
-    }
-  }
-}
-
-void decodesAsTwin(Kernel kernel) {
-  RandomBytes random(3987);
-  for (std::size_t length = 0; length <= 200; ++length) {
-    CAPTURE(length);
-    for (int options = 0; options < 4; ++options) {
-      const std::string alphabets[] = {"plain+", "%", "some text and few escapes%", "%41+", "%%0aF", random(40) + '%'};
-      for (const std::string& alphabet : alphabets) {
-        const std::string text = random.of(alphabet, length);
-        const std::string expected = reference::urlDecoded(text, options);
-        CHECK(decoded(text, options, kernel, random.below(1024)) == expected);
-        CHECK(decoded(text, options, kernel, random.below(1024), 64) == expected);
-      }
-      // With both bits set a "+" is written as it is, but read as a space.
-      const std::string bytes = random(length);
-      if (options != 3) CHECK(decoded(reference::urlEncoded(bytes, options), options, kernel) == bytes);
+void agreesWithTwins(Kernel encode, Kernel decode) {
+  const std::string anything = RandomBytes(3986)(40) + '%';
+  for (int options = 0; options < 4; ++options) {
+    checkAgainstTwin(
+        {"plain", "a b+c/d", " \xE9", "\xC3\xA9\xE2\x82\xAC", "+x", anything},
+        [&](auto bytes, auto offset) { return encoded(bytes, options, encode, offset); },
+        [&](auto bytes) { return reference::urlEncoded(bytes, options); });
+    for (const std::size_t room : {0U, 64U}) {
+      checkAgainstTwin(
+          {"plain+", "%", "some text and few escapes%", "%41+", "%%0aF", anything},
+          [&](auto text, auto offset) { return decoded(text, options, decode, offset, room); },
+          [&](auto text) { return reference::urlDecoded(text, options); });
     }
   }
 }
 
 }  // namespace
 
-TEST_CASE("url: examples of encoding") {
+TEST_CASE("url: examples") {
   for (const Case& c : kEncoding) {
     CAPTURE(c.name);
     CHECK(encoded(c.input, c.options) == c.output);
   }
-}
-
-TEST_CASE("url: examples of decoding") {
   for (const Case& c : kDecoding) {
     CAPTURE(c.name);
     CHECK(decoded(c.input, c.options) == c.output);
@@ -140,6 +120,8 @@ TEST_CASE("url: every byte by every choice of options, in a vector and alone") {
 }
 
 TEST_CASE("url: every form agrees with the naive twins") {
-  IN_EVERY_FORM(url, encodesAsTwin(form::encode));
-  IN_EVERY_FORM(url, decodesAsTwin(form::decode));
+  IN_EVERY_FORM(url, agreesWithTwins(form::encode, form::decode));
+#ifdef WIDE_AVX512
+  if (cpu::hasAvx512()) agreesWithTwins(url::avx512::encode, url::avx2::decode);
+#endif
 }

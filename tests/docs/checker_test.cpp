@@ -127,11 +127,11 @@ TEST_CASE("an entry with all its parts passes, and one without is told what it l
       {"no near function", "something", "an example of js"},
       {"Pad(s as string", "Pad(s", "a declaration that can be read"},
   };
-  for (const auto& [part, other, lack] : kLacks) {
-    CAPTURE(lack);
+  for (const auto& each : kLacks) {
+    CAPTURE(each.lack);
     std::string page = kEntry;
-    page.replace(page.find(part), std::string(part).size(), other);
-    CHECK(lackingIn(page) == Lines{std::string("Pad lacks ") + lack});
+    page.replace(page.find(each.part), std::string(each.part).size(), each.other);
+    CHECK(lackingIn(page) == Lines{std::string("Pad lacks ") + each.lack});
   }
 }
 

@@ -1,6 +1,7 @@
 /// The markup codecs character by character, with every lookup a walk through the entity table.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <string>
@@ -24,7 +25,7 @@ inline const EscapeCode* entityOf(char32_t code) {
 inline char32_t characterNamed(std::u32string_view name) {
   for (const EscapeCode* record = escapecodes; record->code != 0; ++record) {
     const std::string_view candidate = record->name;
-    if (name == std::u32string(candidate.begin(), candidate.end())) return record->code;
+    if (std::equal(name.begin(), name.end(), candidate.begin(), candidate.end())) return record->code;
   }
   return 0;
 }

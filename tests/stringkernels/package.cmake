@@ -1,34 +1,29 @@
 # Installs the library, moves it elsewhere, and builds and runs the example with it.
 #   cmake -DWAY=cmake|pkg_config -DBUILD=… -DEXAMPLE=… -DSCRATCH=… … -P package.cmake
 
-# run(WHAT COMMAND…): the command's output in `output`.
-function(run what)
-  execute_process(COMMAND ${ARGN} WORKING_DIRECTORY ${SCRATCH} RESULT_VARIABLE status OUTPUT_VARIABLE printed
-    ERROR_VARIABLE errors)
-  if(NOT status EQUAL 0)
-    message(FATAL_ERROR "${what} failed:\n${printed}${errors}")
-  endif()
-  set(output "${printed}" PARENT_SCOPE)
-endfunction()
+include(${CMAKE_CURRENT_LIST_DIR}/../library/expect.cmake)
 
 file(REMOVE_RECURSE ${SCRATCH})
-file(MAKE_DIRECTORY ${SCRATCH})
-run("installing" ${CMAKE_COMMAND} --install ${BUILD} --component stringkernels --prefix ${SCRATCH}/first)
+run(installed ${CMAKE_COMMAND} --install ${BUILD} --component stringkernels --prefix ${SCRATCH}/first)
 file(RENAME ${SCRATCH}/first ${SCRATCH}/installed)
 file(COPY ${EXAMPLE}/ DESTINATION ${SCRATCH}/example)
 
+set(build ${SCRATCH}/build)
 if(WAY STREQUAL "cmake")
-  run("configuring" ${CMAKE_COMMAND} -S example -B build -G ${GENERATOR} -DCMAKE_CXX_COMPILER=${COMPILER}
+  run(configured ${CMAKE_COMMAND} -S ${SCRATCH}/example -B ${build} -G ${GENERATOR} -DCMAKE_CXX_COMPILER=${COMPILER}
     -DCMAKE_PREFIX_PATH=${SCRATCH}/installed)
-  run("building" ${CMAKE_COMMAND} --build build)
-  run("running" build/stringkernels_example)
+  run(built ${CMAKE_COMMAND} --build ${build})
 else()
+  file(MAKE_DIRECTORY ${build})
   set(ENV{PKG_CONFIG_PATH} ${SCRATCH}/installed/${LIBRARIES}/pkgconfig)
-  run("asking pkg-config" ${PKG_CONFIG} --cflags --libs stringkernels)
-  separate_arguments(options UNIX_COMMAND "${output}")
-  run("building" ${COMPILER} -std=c++17 example/main.cpp -o example/program ${options})
-  run("running" example/program)
+  run(options ${PKG_CONFIG} --cflags --libs stringkernels)
+  separate_arguments(options UNIX_COMMAND "${options}")
+  execute_process(COMMAND ${COMPILER} -std=c++17 ${SCRATCH}/example/main.cpp -o ${build}/stringkernels_example ${options}
+    COMMAND_ERROR_IS_FATAL ANY)
+  execute_process(COMMAND cc ${SCRATCH}/example/in_c.c -o ${build}/stringkernels_in_c ${options}
+    COMMAND_ERROR_IS_FATAL ANY)
 endif()
+run(output ${build}/stringkernels_example)
 
 set(expected [[
 Jerom&eacute; &lt;jerome@example.org&gt;
@@ -37,6 +32,7 @@ a+b%2Bc
 4A 65 72 6F 6D C3 A9 20 3C 6A 65 72 6F 6D 65 40
 65 78 61 6D 70 6C 65 2E 6F 72 67 3E            
 ]])
-if(NOT output STREQUAL expected)
-  message(FATAL_ERROR "the example printed\n${output}instead of\n${expected}")
-endif()
+expect_equal("${output}" "${expected}" "what the example prints")
+
+run(output ${build}/stringkernels_in_c "a b" "é")
+expect_equal("${output}" "a%20b\n%C3%A9\n" "what the example in C prints")

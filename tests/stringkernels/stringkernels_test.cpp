@@ -95,6 +95,66 @@ TEST_CASE("what is too long is refused") {
   }
 }
 
+TEST_CASE("the functions for C give the same, and statuses for exceptions") {
+  const struct {
+    stringkernels_transformation transformation;
+    std::string bytes;
+    std::string expected;
+  } kCases[] = {
+      {STRINGKERNELS_ENCODE_HTML, "<\u00E9>", "&lt;&eacute;&gt;"},
+      {STRINGKERNELS_ENCODE_HTML_KEEPING_MARKUP, "<\u00E9>", "<&eacute;>"},
+      {STRINGKERNELS_ENCODE_XML, "<'", "&lt;&#39;"},
+      {STRINGKERNELS_DECODE_REFERENCES, "&lt;", "<"},
+      {STRINGKERNELS_REMOVE_TAGS, "a<b>c", "ac"},
+      {STRINGKERNELS_ENCODE_HEX, "\0A"s, "0041"},
+      {STRINGKERNELS_DECODE_HEX, "0041", "\0A"s},
+      {STRINGKERNELS_ENCODE_URL, " +", "%20+"},
+      {STRINGKERNELS_ENCODE_URL_FORM, " +", "+%2B"},
+      {STRINGKERNELS_DECODE_URL, "+%20", "+ "},
+      {STRINGKERNELS_DECODE_URL_FORM, "+%20", "  "},
+      {STRINGKERNELS_ENCODE_QUOTED_PRINTABLE, "=", "=3D"},
+      {STRINGKERNELS_DECODE_QUOTED_PRINTABLE, "=3D", "="},
+      {STRINGKERNELS_ENCODE_EMAIL_SUBJECT, "\u00E9", "=?utf-8?Q?=C3=A9?="},
+      {STRINGKERNELS_DECODE_YENC, "k", "A"},
+      {STRINGKERNELS_DECODE_MYSQL, "\\n", "\n"},
+      {STRINGKERNELS_ENCODE_LATIN1, "\u00E9\u20AC", "\xE9"},
+      {STRINGKERNELS_DECODE_LATIN1, "\xE9", "\u00E9"},
+      {STRINGKERNELS_ENCODE_WINDOWS_1252, "\u20AC", "\x80"},
+      {STRINGKERNELS_DECODE_WINDOWS_1252, "\x80", "\u20AC"},
+      {STRINGKERNELS_REPLACE_UNPRINTABLE, "a\n", "a."},
+      {STRINGKERNELS_HEX_DUMP, "A", hexDump("A")},
+      {STRINGKERNELS_REPLACE_SQL_BOOLEANS, "true", "1"},
+  };
+  stringkernels_bytes result;
+  for (const auto& c : kCases) {
+    CAPTURE(c.expected);
+    CHECK(stringkernels_transform(c.transformation, c.bytes.data(), c.bytes.size(), &result) == STRINGKERNELS_OK);
+    CHECK(std::string(result.data, result.size + 1) == c.expected + '\0');
+    stringkernels_free(&result);
+    CHECK(result.data == nullptr);
+    CHECK(stringkernels_transform(c.transformation, nullptr, 0, &result) == STRINGKERNELS_OK);
+    CHECK(result.size == 0);
+    stringkernels_free(&result);
+  }
+  const std::string text(30000, 'a');
+  std::int64_t number = -1;
+  CHECK(stringkernels_edit_distance("ab", 2, "ba", 2, &number) == STRINGKERNELS_OK);
+  CHECK(number == 1);
+  CHECK(stringkernels_edit_distance(text.data(), text.size(), text.data(), text.size(), &number) ==
+        STRINGKERNELS_TOO_LONG);
+  CHECK(number == 0);
+  CHECK(stringkernels_count_occurrences("aaaa", 4, "aa", 2, &number) == STRINGKERNELS_OK);
+  CHECK(number == 2);
+  double distance = -1;
+  CHECK(stringkernels_jaro_winkler_distance("a", 1, "b", 1, &distance) == STRINGKERNELS_OK);
+  CHECK(distance == 1);
+  if constexpr (sizeof(void*) == 8) {
+    CHECK(stringkernels_transform(STRINGKERNELS_ENCODE_HEX, text.data(), std::size_t{1} << 30, &result) ==
+          STRINGKERNELS_TOO_LONG);
+    CHECK(result.data == nullptr);
+  }
+}
+
 TEST_CASE("UTF-8 is read and written as the standard has it") {
   const auto again = [](std::string_view utf8) { return toUtf8(toUtf32(utf8)); };
   for (char32_t codePoint = 0; codePoint <= 0x110000; ++codePoint) {
