@@ -28,6 +28,9 @@ void hex::scalar::decode(ByteView digits, ByteSpan bytes) noexcept {
 }
 
 void hex::encode(ByteView bytes, ByteSpan digits) noexcept {
+#ifdef WIDE_AVX512
+  if (bytes.size() >= kAvx512From && cpu::hasAvx512()) return avx512::encode(bytes, digits);
+#endif
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::encode(bytes, digits);
 #endif

@@ -35,7 +35,7 @@ void decode(ByteView digits, ByteSpan bytes) noexcept;
 #endif
 #ifdef WIDE_AVX512
 namespace avx512 {
-/// The twin of `scalar::decode` for CPUs with AVX-512.
+void encode(ByteView bytes, ByteSpan digits) noexcept;
 void decode(ByteView digits, ByteSpan bytes) noexcept;
 }  // namespace avx512
 #endif
