@@ -31,7 +31,7 @@ template <typename Number>
 [[nodiscard]] std::string shortest(double number);
 
 /// The routes of standard libraries that know no `std::from_chars` and `std::to_chars` for doubles. They expect a
-/// process that has left the "C" locale set.
+/// process that has left the "C" locale set, and a C library whose conversions are exact, as that of Windows is not.
 namespace portable {
 std::from_chars_result read(const char* first, const char* last, double& number);
 [[nodiscard]] std::string shortest(double number);
