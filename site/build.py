@@ -34,17 +34,11 @@ class Site:
         self.tabs = [("index.html", "Methods"), ("playground.html", "Playground"), *others]
 
     def take_from_readme(self):
-        """The README's own charts and figures go to the pages of the same names."""
+        """The README's figures of what was tried get a page; its chart is one of those on the page on speed."""
         for section in source.read_page(ROOT / "README.md").sections:
-            name = markdown.anchor(section.heading)
-            if name not in ("speed", "reliability"):
-                continue
-            section.blocks = [block for block in section.blocks if isinstance(block, source.Prose)]
-            page = next((page for page in self.others if page.name == name), None)
-            if page:
-                page.sections[0].blocks = section.blocks + page.sections[0].blocks
-            else:
-                self.others.append(source.Page(name, section.heading, [source.Section("", section.blocks)]))
+            if section.heading == "What it promises":
+                section.blocks = [block for block in section.blocks if isinstance(block, source.Prose)]
+                self.others.append(source.Page("promises", section.heading, [source.Section("", section.blocks)]))
 
     def link(self, target):
         """The site's own form of a link between the sources."""
@@ -193,6 +187,8 @@ def on_this_page(page):
         for section in page.sections
         if section.heading
     )
+    if not items:
+        return ""
     return f'<nav aria-label="On this page"><details open><summary>On this page</summary><ul>{items}</ul></details></nav>'
 
 

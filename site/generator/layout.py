@@ -1,6 +1,7 @@
 """The frame of every page, and its recurring pieces."""
 
 import html
+import re
 import shlex
 from urllib.parse import urlencode
 
@@ -74,12 +75,17 @@ def page(title, content, *, current, tabs, sidebar, scripts=()):
 """
 
 
+def breakable(name):
+    """A name that may be broken before its capitals."""
+    return re.sub(r"(?<=[a-z])(?=[A-Z])", "<wbr>", escape(name))
+
+
 def contents(pages, current=None):
     """The methods of all pages, as a folding list each."""
     parts = []
     for each in pages:
         items = "".join(
-            f'<li><a href="{each.name}.html#{section.heading.lower()}">{escape(section.heading.removesuffix("ZQV"))}</a></li>'
+            f'<li><a href="{each.name}.html#{section.heading.lower()}">{breakable(section.heading.removesuffix("ZQV"))}</a></li>'
             for section in each.methods
         )
         is_open = " open" if current == each.name else ""
