@@ -42,8 +42,10 @@ AVX2_FUNCTION inline std::int64_t sumOfBytes(__m256i sums) noexcept {
   return _mm_cvtsi128_si32(halves) + _mm_extract_epi16(halves, 4);
 }
 
+/// Blocks whose finds a byte of a sum can hold, two vectors a block.
+constexpr std::size_t kMostBlocks = 127;
+
 AVX2_FUNCTION std::int64_t countByte(ByteView text, std::uint8_t byte) noexcept {
-  constexpr std::size_t kMostBlocks = 127;  // what a byte of a sum can hold, two vectors a block
   const __m256i wanted = wide::all(byte);
   std::int64_t count = 0;
   std::size_t i = 0;
@@ -86,6 +88,9 @@ class RareByte {
     if (found - i < kWorthwhile) resume_ = found + pause_;
     return found;
   }
+
+  /// The place up to which looking closely is faster.
+  [[nodiscard]] std::size_t resume() const noexcept { return resume_; }
 
  private:
   static constexpr std::size_t kGroup = 4 * wide::kVector;
@@ -146,13 +151,39 @@ AVX2_FUNCTION inline std::uint64_t occurrences(const std::uint8_t* places, ByteV
   return bits(found);
 }
 
+/// Counts two different bytes in a row.
+/// @param places  all of which have a byte behind them; whole blocks of them
+AVX2_FUNCTION std::int64_t countPair(const std::uint8_t* places, std::size_t blocks, ByteView pair) noexcept {
+  const __m256i first = wide::all(pair[0]);
+  const __m256i second = wide::all(pair[1]);
+  std::int64_t count = 0;
+  while (blocks != 0) {
+    const std::size_t group = std::min(kMostBlocks, blocks);
+    blocks -= group;
+    __m256i sums = _mm256_setzero_si256();
+    for (const std::uint8_t* const end = places + group * kBlock; places != end; places += kBlock) {
+      const Equal found = both(equal(places, first), equal(places + 1, second));
+      sums = _mm256_sub_epi8(sums, _mm256_add_epi8(found.low, found.high));
+    }
+    count += sumOfBytes(sums);
+  }
+  return count;
+}
+
 /// @param i  the first place that matters
 AVX2_FUNCTION std::int64_t countShort(ByteView text, ByteView pattern, RareByte& rare, std::size_t i) noexcept {
   const Anchors anchors = chooseAnchors(pattern);
   const bool overlaps = overlapsItself(pattern);
   const std::size_t places = text.size() - pattern.size() + 1;
+  const bool isPair = pattern.size() == 2 && !overlaps;
   std::int64_t count = 0;
   for (; i < places; i = rare.next(i)) {
+    if (const std::size_t close = std::min(rare.resume(), places); isPair && i + kBlock <= close) {
+      const std::size_t blocks = (close - i) / kBlock;
+      count += countPair(text.data() + i, blocks, pattern);
+      i += blocks * kBlock;
+      continue;
+    }
     const std::size_t block = std::min(i, places - kBlock);
     std::uint64_t found = occurrences(text.data() + block, pattern, anchors) & from(i - block);
     i = block + kBlock;

@@ -60,13 +60,12 @@ void writeShortLines(ByteView bytes, const Layout& layout, ByteSpan text, Repeat
 }
 
 /// Writes one line of whole bytes. The last group, which no spacer follows, and what shares it with fill is left to
-/// the scalar form, as the line that it would be.
+/// the scalar form, as the line that it would be: it has the byte that is withheld here.
 void writeLongLine(const Steps& steps, ByteView bytes, const Layout& layout, ByteSpan text, Repeat repeat) noexcept {
   const std::int64_t stepsGroups = steps.digitCount() / layout.groupDigits;
   std::copy(layout.lineStart.begin(), layout.lineStart.end(), text.begin());
   const ByteSpan groups = text.subspan(layout.lineStart.size());
-  const std::int64_t times =
-      std::min(fitting(steps, bytes.first(bytes.size() - 1), groups), (layout.lineGroups - 1) / stepsGroups);
+  const std::int64_t times = fitting(steps, bytes.first(bytes.size() - 1), groups);
   repeat(steps, times, bytes.data(), groups.data());
   Layout rest = layout;
   rest.lineStart = {};

@@ -73,6 +73,8 @@ WRAPPING_FUNCTION void sweepBand(const Matrix& matrix, std::size_t /*bands*/, st
   }
 }
 
+using Corner = std::int64_t (*)(const Matrix& matrix) noexcept;
+
 std::int64_t corner(const Matrix& matrix) noexcept {
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::corner(matrix);
@@ -81,7 +83,7 @@ std::int64_t corner(const Matrix& matrix) noexcept {
 }
 
 /// The distance when both texts are longer than a word.
-std::int64_t distanceInBands(Utf32View rows, Utf32View columns) noexcept {
+std::int64_t distanceInBands(Utf32View rows, Utf32View columns, Corner corner) noexcept {
   const std::size_t columnRoom = columns.size() + Matrix::kOverrun;
   const std::size_t symbolRoom = rows.size() + columnRoom;
   const WorkBuffer symbolBuffer(static_cast<std::int64_t>(symbolRoom * sizeof(Symbol)));
@@ -121,16 +123,20 @@ void stripCommonEnds(Utf32View& a, Utf32View& b) noexcept {
   }
 }
 
+std::int64_t distanceBy(Corner corner, Utf32View a, Utf32View b) noexcept {
+  stripCommonEnds(a, b);
+  if (a.size() > b.size()) std::swap(a, b);
+  if (a.empty()) return std::ssize(b);
+  return a.size() <= kWordRows ? distanceInWord(a, b) : distanceInBands(a, b, corner);
+}
+
 }  // namespace
 
 std::int64_t scalar::corner(const Matrix& matrix) noexcept { return sweep<1, 1>(matrix, sweepBand); }
 
-std::int64_t distance(Utf32View a, Utf32View b) noexcept {
-  stripCommonEnds(a, b);
-  if (a.size() > b.size()) std::swap(a, b);
-  if (a.empty()) return std::ssize(b);
-  return a.size() <= kWordRows ? distanceInWord(a, b) : distanceInBands(a, b);
-}
+std::int64_t scalar::distance(Utf32View a, Utf32View b) noexcept { return distanceBy(scalar::corner, a, b); }
+
+std::int64_t distance(Utf32View a, Utf32View b) noexcept { return distanceBy(corner, a, b); }
 
 double relativeDistance(std::int64_t distance, Utf32View a, Utf32View b) noexcept {
   return 1.0 / (static_cast<double>(std::min(a.size(), b.size())) / static_cast<double>(distance));

@@ -22,6 +22,11 @@ inline constexpr std::int64_t kNoMemory = -1;
 /// @pre `matrixSize` is at most 2^31 - 1
 [[nodiscard]] std::int64_t distance(Utf32View a, Utf32View b) noexcept;
 
+namespace scalar {
+/// The same without wide registers.
+[[nodiscard]] std::int64_t distance(Utf32View a, Utf32View b) noexcept;
+}  // namespace scalar
+
 /// The distance in proportion to the length of the shorter text; 0.0 for equal texts.
 /// @pre neither text is empty
 [[nodiscard]] double relativeDistance(std::int64_t distance, Utf32View a, Utf32View b) noexcept;

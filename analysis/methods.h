@@ -54,7 +54,7 @@
 /// Raises an "OutOfMemoryException" when memory is short.
 [[nodiscard]] REALstringStruct* SQLReplaceBooleanZQV(REALstringStruct* SQL) noexcept;
 
-/// A number without an exponent and with up to 15 digits, US-ASCII.
+/// A number without an exponent and with a limited number of decimals, US-ASCII.
 [[nodiscard]] REALstringStruct* StrZQV(double d) noexcept;
 
 /// A number in scientific notation with so many decimals, US-ASCII, cut off after 498 characters.

@@ -3,6 +3,13 @@
 
 #include "codecs/hex_digits.h"
 
+namespace {
+
+/// From this many bytes on the widest registers win.
+constexpr std::size_t kAvx512From = 128;
+
+}  // namespace
+
 void hex::scalar::encode(ByteView bytes, ByteSpan digits) noexcept {
   std::uint8_t* out = digits.data();
   for (const std::uint8_t byte : bytes) {
@@ -21,6 +28,9 @@ void hex::scalar::decode(ByteView digits, ByteSpan bytes) noexcept {
 }
 
 void hex::encode(ByteView bytes, ByteSpan digits) noexcept {
+#ifdef WIDE_AVX512
+  if (bytes.size() >= kAvx512From && cpu::hasAvx512()) return avx512::encode(bytes, digits);
+#endif
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::encode(bytes, digits);
 #endif
@@ -31,6 +41,9 @@ void hex::encode(ByteView bytes, ByteSpan digits) noexcept {
 }
 
 void hex::decode(ByteView digits, ByteSpan bytes) noexcept {
+#ifdef WIDE_AVX512
+  if (bytes.size() >= kAvx512From && cpu::hasAvx512()) return avx512::decode(digits, bytes);
+#endif
 #ifdef WIDE_AVX2
   if (cpu::hasAvx2()) return avx2::decode(digits, bytes);
 #endif

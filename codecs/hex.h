@@ -33,6 +33,12 @@ void encode(ByteView bytes, ByteSpan digits) noexcept;
 void decode(ByteView digits, ByteSpan bytes) noexcept;
 }  // namespace avx2
 #endif
+#ifdef WIDE_AVX512
+namespace avx512 {
+void encode(ByteView bytes, ByteSpan digits) noexcept;
+void decode(ByteView digits, ByteSpan bytes) noexcept;
+}  // namespace avx512
+#endif
 #ifdef WIDE_NEON
 namespace neon {
 void encode(ByteView bytes, ByteSpan digits) noexcept;

@@ -26,14 +26,29 @@ AVX2_FUNCTION inline std::uint32_t marksIn(__m256i bytes) noexcept {
   return wide::bits(_mm256_cmpeq_epi8(bytes, all('%')));
 }
 
+AVX2_FUNCTION inline __m256i withSpaces(__m256i bytes, __m256i plus) noexcept {
+  return _mm256_blendv_epi8(bytes, plus, _mm256_cmpeq_epi8(bytes, all('+')));
+}
+
+/// Writes what comes before the first 64 bytes that hold an escape, 64 bytes at a time.
+/// @return how many bytes that are
+AVX2_FUNCTION inline std::size_t copyPlain(ByteView text, std::uint8_t* out, __m256i plus) noexcept {
+  std::size_t i = 0;
+  for (; text.size() - i >= 2 * kVector; i += 2 * kVector) {
+    const __m256i front = load(text.data() + i);
+    const __m256i back = load(text.data() + i + kVector);
+    const __m256i marks = _mm256_or_si256(_mm256_cmpeq_epi8(front, all('%')), _mm256_cmpeq_epi8(back, all('%')));
+    if (wide::bits(marks) != 0) break;
+    wide::store(out + i, withSpaces(front, plus));
+    wide::store(out + i + kVector, withSpaces(back, plus));
+  }
+  return i;
+}
+
 /// The last bytes of the text, followed by zeros.
 AVX2_FUNCTION inline Text lastText(__m256i bytes) noexcept {
   const __m256i upperHalf = _mm256_permute2x128_si256(bytes, bytes, 0x81);
   return {bytes, _mm256_alignr_epi8(upperHalf, bytes, 1), _mm256_alignr_epi8(upperHalf, bytes, 2)};
-}
-
-AVX2_FUNCTION inline __m256i withSpaces(__m256i bytes, __m256i plus) noexcept {
-  return _mm256_blendv_epi8(bytes, plus, _mm256_cmpeq_epi8(bytes, all('+')));
 }
 
 /// The bytes with the byte it stands for in place of each escape's "%".
@@ -47,9 +62,10 @@ AVX2_FUNCTION inline __m256i decoded(const Text& text, __m256i plus, std::uint32
 
 AVX2_FUNCTION std::size_t url::avx2::decode(ByteView text, Options options, ByteSpan bytes) noexcept {
   const __m256i plus = all(options.readsPlusAsSpace() ? ' ' : '+');
-  const std::uint8_t* in = text.data();
-  std::size_t left = text.size();
-  std::uint8_t* out = bytes.data();
+  const std::size_t plain = copyPlain(text, bytes.data(), plus);
+  const std::uint8_t* in = text.data() + plain;
+  std::size_t left = text.size() - plain;
+  std::uint8_t* out = bytes.data() + plain;
   std::uint64_t carried = 0;  // the bytes that belong to the last escape of the vector before
   for (; left >= kVector + kEscapeSize - 1; left -= kVector) {
     const Text block{load(in), load(in + 1), load(in + 2)};

@@ -196,7 +196,7 @@ Expectation asciiTest(const Call& call) {
 Expectation printable(const Call& call) {
   std::string bytes = call.bytes(0);
   for (char& c : bytes) {
-    if (c < 0x20) c = static_cast<char>(call.integer(1));  // a negative one has its top bit set
+    if (c < 0x20 || static_cast<unsigned char>(c) > 0x7F) c = static_cast<char>(call.integer(1));
   }
   return ascii(bytes);
 }

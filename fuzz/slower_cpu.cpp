@@ -3,6 +3,6 @@
 
 #ifdef WIDE_AVX2
 
-unsigned cpu::askOffer() noexcept { return OFFERED_AVX2 ? kAsked | kAvx2 : kAsked; }
+unsigned cpu::askOffer() noexcept { return OFFERED_AVX2 && __builtin_cpu_supports("avx2") ? kAsked | kAvx2 : kAsked; }
 
 #endif

@@ -37,7 +37,7 @@ packages() {
     linux-arm64 | linux-armhf) echo qemu-user ;;
     windows-*) echo wine wine64 ;;
     memcheck) echo valgrind libc6-dbg ;;
-    coverage) echo gcovr qemu-user ;;
+    coverage) echo gcovr ;;
   esac
 }
 

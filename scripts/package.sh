@@ -4,8 +4,8 @@
 archives=build/package
 
 # What an archive holds: for which platforms, in which of its folders, which files. BUILD stands for the platform's
-# build folder, NATIVE for this machine's; a pattern that fits nothing adds nothing. What is for all platforms stands
-# once in an archive of several, beside a folder for each.
+# build folder, NATIVE for this machine's, SITE for the site's; a pattern that fits no file adds nothing. What is for
+# all platforms stands once in an archive of several, beside a folder for each.
 archive_contents() {
   cat <<'END'
 each   .            BUILD/StringPlugin.so BUILD/StringPlugin.dll BUILD/StringPlugin.dylib
@@ -13,6 +13,8 @@ each   .            BUILD/stringhost/stringhost BUILD/stringhost/stringhost.exe
 all    .            LICENSE CHANGELOG.md
 all    docs         docs/platforms.md docs/stringhost.md
 all    docs/methods docs/methods/*.md
+all    site         SITE/*
+all    site/speed   SITE/speed/*
 linux  man/man1     NATIVE/stringhost/*.1
 linux  completions  stringhost/completions/*
 END
@@ -31,6 +33,7 @@ package() {
     build_shipped "$preset" "$number of ${#presets[@]}"
   done
   build_manual_pages
+  site
   version=$(project_version "build/${presets[0]}")
   rm -rf "$archives"
   for preset in "${presets[@]}"; do pack "StringPlugin-$version-$preset" "$archives" build "$preset"; done
@@ -94,15 +97,18 @@ stage_files() {
       *) continue ;;
     esac
     patterns=${patterns//BUILD/$3/$4}
-    for file in $(compgen_all "${patterns//NATIVE/$3/$native}"); do
+    patterns=${patterns//NATIVE/$3/$native}
+    for file in $(files_of "${patterns//SITE/$3/site}"); do
       if [ -x "$file" ]; then command install -D -m 755 "$file" "$target/${file##*/}"
       else command install -D -m 644 "$file" "$target/${file##*/}"; fi
     done
   done < <(archive_contents)
 }
 
-# compgen_all PATTERNS: the files there are.
-compgen_all() {
-  local pattern
-  for pattern in $1; do compgen -G "$pattern" || true; done
+# files_of PATTERNS: the files there are.
+files_of() {
+  local file
+  for file in $1; do
+    if [ -f "$file" ]; then echo "$file"; fi
+  done
 }

@@ -83,14 +83,17 @@ class SpareRegions {
   std::size_t count_ = 0;
 };
 
-constinit SpareRegions gSpare;
+SpareRegions& spareRegions() {
+  static SpareRegions regions;
+  return regions;
+}
 
 }  // namespace
 
 GuardedMemory::GuardedMemory(std::size_t size) : guardSize_(pageSize()) {
   if (size > SIZE_MAX / 2) throw std::bad_alloc();
   innerSize_ = ((size + 1) / guardSize_ + 1) * guardSize_;  // room for two bytes more in front
-  region_ = innerSize_ == guardSize_ ? gSpare.take() : nullptr;
+  region_ = innerSize_ == guardSize_ ? spareRegions().take() : nullptr;
   if (region_ == nullptr) region_ = reserve(innerSize_ + 2 * guardSize_);
   if (region_ == nullptr) throw std::bad_alloc();
   std::uint8_t* const inner = static_cast<std::uint8_t*>(region_) + guardSize_;
@@ -104,7 +107,7 @@ GuardedMemory::GuardedMemory(std::size_t size) : guardSize_(pageSize()) {
 GuardedMemory::~GuardedMemory() {
   if (kKeepsRegions && innerSize_ == guardSize_) {
     hide(static_cast<std::uint8_t*>(region_) + guardSize_, innerSize_);
-    if (gSpare.keep(region_)) return;
+    if (spareRegions().keep(region_)) return;
   }
   release(region_, innerSize_ + 2 * guardSize_);
 }

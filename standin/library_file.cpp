@@ -119,6 +119,7 @@ void check(Image& image) {
     const auto segment = image.at<ElfW(Phdr)>(header.e_phoff + std::uint64_t{index} * sizeof(ElfW(Phdr)));
     if (segment.p_type != PT_NULL) image.need(segment.p_offset, segment.p_filesz);
   }
+  image.need(header.e_shoff, std::uint64_t{header.e_shnum} * header.e_shentsize);
 }
 
 #else

@@ -172,7 +172,7 @@ Text is converted to the encoding of --encoding, where what it has no character 
 becomes "?"; bytes are only marked with it.
 For an integer, a double or a boolean it is a number, or true or false. Arguments
 left out at the end take the defaults the method declares. After -- everything is
-an argument; a negative number always is.)";
+an argument; what begins with "-" and neither a letter nor "-" always is.)";
 
 std::vector<Argument> parseArguments(const standin::Declaration& declaration, const std::vector<std::string>& written,
                                      const Source& source) {

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cctype>
 #include <cstdint>
 #include <system_error>
 #include <utility>
@@ -38,7 +39,14 @@ bool isNumber(const std::string& word) {
   return error != std::errc::invalid_argument && end == word.data() + word.size();
 }
 
-bool isOption(const std::string& word) { return word.size() > 1 && word[0] == '-' && !isNumber(word); }
+/// "-" and a letter, or "--"; "-5 apples" is an argument, and so is "-inf".
+bool isOption(const std::string& word) {
+  if (word.size() < 2 || word[0] != '-') return false;
+  const bool isName = word[1] == '-' || std::isalpha(static_cast<unsigned char>(word[1])) != 0;
+  return isName && !isNumber(word);
+}
+
+std::string optionNameIn(const std::string& word) { return word.substr(0, word.find('=')); }
 
 /// The words with everything shielded that is neither an option, nor its value, nor the command.
 std::vector<std::string> shielded(const std::vector<std::string>& words) {
@@ -110,6 +118,7 @@ class Parser {
     app_.add_option("--plugin", line_.plugin, "The plugin, instead of the one built beside this program")
         ->type_name("FILE");
     app_.require_subcommand(1);
+    app_.get_formatter()->label("REQUIRED", "");
     app_.footer("Begin with: stringhost tour");
     addList();
     addCall();
@@ -128,13 +137,15 @@ class Parser {
     } catch (const CLI::CallForVersion& version) {
       line_.reply = std::string(version.what()) + "\n";
     } catch (const CLI::ExtrasError&) {
-      refuseExtras();
+      refuseExtraOptions();
+      throw UsageError("one argument too many: " + unshielded(app_.remaining(true).front()));
     } catch (const CLI::RequiredError&) {
+      refuseExtraOptions();
       if (app_.get_subcommands().empty()) throw UsageError("no command given", "stringhost --help shows them");
       throw UsageError(app_.get_subcommands().front()->get_name() + " needs the name of a method",
                        "stringhost list shows them");
     } catch (const CLI::ParseError& error) {
-      throw UsageError(unshielded(error.what()), "stringhost --help says more");
+      throw UsageError(wording(error.what()), helpCommand() + " says more");
     }
     if (line_.reply) return;
     if (line_.plugin && line_.plugin->empty()) throw UsageError("--plugin: the name of the file is empty");
@@ -220,23 +231,64 @@ another rule of the host.)";
     return app_.help();
   }
 
-  [[noreturn]] void refuseExtras() {
-    const std::string first = app_.remaining(true).front();
-    if (isOption(first)) refuseUnknown("option", first.substr(0, first.find('=')), kOptions);
-    throw UsageError("one argument too many: " + unshielded(first));
+  /// The command given; null where there is none.
+  CLI::App* command() const {
+    const auto commands = app_.get_subcommands();
+    return commands.empty() ? nullptr : commands.front();
+  }
+
+  std::string helpCommand() const {
+    return "stringhost " + (command() != nullptr ? command()->get_name() + " " : "") + "--help";
+  }
+
+  static std::string wording(const std::string& complaint) {
+    const bool lacksValue = complaint.ends_with(" missing");
+    return lacksValue ? complaint.substr(0, complaint.find(':')) + " needs a value" : unshielded(complaint);
+  }
+
+  /// The options there are, of the command and of all commands.
+  std::vector<std::string> optionNames() const {
+    std::vector<std::string> names;
+    for (const CLI::App* app : {static_cast<const CLI::App*>(&app_), static_cast<const CLI::App*>(command())}) {
+      if (app == nullptr) continue;
+      for (const CLI::Option* option : app->get_options()) {
+        for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+      }
+    }
+    return names;
+  }
+
+  /// Refuses the first option that is none, or is none there.
+  void refuseExtraOptions() {
+    const std::vector<std::string> extras = app_.remaining(true);
+    const auto first = std::find_if(extras.begin(), extras.end(), isOption);
+    if (first == extras.end()) return;
+    const std::string option = optionNameIn(*first);
+    const bool isElsewhere = contains(kOptions, option);
+    if (command() == nullptr && isElsewhere) return;
+    const std::vector<std::string> known = optionNames();
+    if (contains(known, option)) throw UsageError(option + " goes after " + command()->get_name());
+    const std::string otherwise = helpCommand() + " shows them";
+    if (isElsewhere) throw UsageError(command()->get_name() + " has no option " + option, otherwise);
+    refuseUnknown("option", option, known, otherwise);
   }
 
   void takeHelp() {
     line_.command = CommandLine::Command::kHelp;
     line_.method = unshielded(line_.method);
-    if (line_.method.empty() && !line_.asJson) line_.reply = parseCommandLine({"--help"}).reply;
+    const bool isGiven = help_->count("METHOD") > 0;
+    if (isGiven && line_.method.empty()) refuseUnknown("method", "", {}, "stringhost list shows all");
+    if (!isGiven && !line_.asJson) line_.reply = parseCommandLine({"--help"}).reply;
     if (contains(kCommands, line_.method)) line_.reply = parseCommandLine({line_.method, "--help"}).reply;
   }
 
   void takeCall(CommandLine::Command command) {
     line_.command = command;
     line_.method = unshielded(line_.method);
-    for (std::string& argument : line_.arguments) argument.erase(0, 1);
+    for (std::string& argument : line_.arguments) {
+      if (argument[0] != kShield) refuseUnknown("option", argument, optionNames(), helpCommand() + " shows them");
+      argument.erase(0, 1);
+    }
     line_.encoding = valueNamed(kEncodingNames, encoding_, "encoding");
     line_.output = valueNamed(kForms, output_, "form of output");
     if (line_.asJson) line_.output = Form::kJson;

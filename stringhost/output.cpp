@@ -17,10 +17,12 @@ namespace {
 
 using nlohmann::ordered_json;
 
-/// The text in UTF-8, or nothing for bytes that aren't text.
+/// The text in UTF-8, or nothing for bytes that aren't text. A mark of ASCII tells little of bytes beyond it, and no
+/// mark tells nothing: they are tried as UTF-8.
 std::optional<std::string> readable(const standin::Text& text) {
-  const bool isMarked = text.encoding != kEncodingNone && text.encoding != kEncodingUTF8;
-  auto utf8 = isMarked ? standin::transcode(text.bytes, text.encoding, kEncodingUTF8) : std::optional(text.bytes);
+  const bool isUtf8 =
+      text.encoding == kEncodingNone || text.encoding == kEncodingASCII || text.encoding == kEncodingUTF8;
+  auto utf8 = !isUtf8 ? standin::transcode(text.bytes, text.encoding, kEncodingUTF8) : std::optional(text.bytes);
   if (!utf8) return std::nullopt;
   if (std::all_of(utf8->begin(), utf8->end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; })) return utf8;
   // Malformed text would not come back from another form as it was.

@@ -16,12 +16,16 @@ constexpr struct {
 } kUnshown[] = {
     {0x00, 0x1F},        // C0
     {0x7F, 0x9F},        // DEL and C1
+    {0xAD, 0xAD},        // soft hyphen
     {0x061C, 0x061C},    // Arabic letter mark
+    {0x180E, 0x180E},    // Mongolian vowel separator
+    {0x200B, 0x200B},    // zero-width space
     {0x200E, 0x200F},    // left-to-right and right-to-left marks
     {0x2028, 0x202E},    // line and paragraph separators, embeddings and overrides
-    {0x2066, 0x2069},    // isolates
+    {0x2060, 0x206F},    // word joiner, invisible operators, isolates
     {0xFEFF, 0xFEFF},    // byte-order mark
     {0xFFF9, 0xFFFB},    // annotations
+    {0xFFFE, 0xFFFF},    // the byte-order mark turned about, and no character
     {0xE0000, 0xE007F},  // tags
 };
 

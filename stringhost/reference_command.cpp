@@ -4,12 +4,12 @@
 #include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <ostream>
-#include <string_view>
 #include <vector>
 
 #include "stringhost/nearest.h"
 #include "stringhost/output.h"
 #include "stringhost/reference.h"
+#include "stringhost/streams.h"
 #include "stringhost/usage_error.h"
 
 namespace stringhost {
@@ -29,8 +29,7 @@ std::vector<std::string> namesOf(const std::vector<Entry>& entries) {
 
 bool wantsColour() {
   const char* const refused = std::getenv("NO_COLOR");
-  const char* const kind = std::getenv("TERM");
-  return (refused == nullptr || *refused == '\0') && (kind == nullptr || std::string_view(kind) != "dumb");
+  return (refused == nullptr || *refused == '\0') && !isDumbTerminal();
 }
 
 void showReference(std::ostream& out, const std::string& method, bool asJson, bool terminal) {

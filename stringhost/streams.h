@@ -1,9 +1,17 @@
 /// Where a command reads and writes.
 #pragma once
 
+#include <cstdlib>
 #include <iosfwd>
+#include <string_view>
 
 namespace stringhost {
+
+/// Whether the environment calls the terminal one that knows no escape sequences.
+inline bool isDumbTerminal() {
+  const char* const kind = std::getenv("TERM");
+  return kind != nullptr && std::string_view(kind) == "dumb";
+}
 
 struct Streams {
   std::istream& in;  ///< what an argument "-" reads

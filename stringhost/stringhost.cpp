@@ -1,6 +1,7 @@
 #include "stringhost/stringhost.h"
 
 #include <cerrno>
+#include <cstddef>
 #include <new>
 #include <ostream>
 #include <stdexcept>
@@ -45,6 +46,21 @@ int dispatch(const CommandLine& line, const Streams& streams) {
   }
 }
 
+/// The line without the middle of a long argument it quotes, in UTF-8.
+std::string shortened(const std::string& line) {
+  constexpr std::size_t kMost = 300;
+  constexpr std::size_t kEnd = 100;
+  if (line.size() <= kMost) return line;
+  const auto isInside = [&](std::size_t at) { return (static_cast<unsigned char>(line[at]) & 0xC0) == 0x80; };
+  std::size_t first = kMost - kEnd;
+  std::size_t last = line.size() - kEnd;
+  while (first > 0 && isInside(first)) --first;
+  while (last < line.size() && isInside(last)) ++last;
+  return line.substr(0, first) + "\u2026" + line.substr(last);
+}
+
+void complain(std::ostream& err, const std::string& line) { err << "stringhost: " << visible(shortened(line)) << '\n'; }
+
 /// What was printed may have found no room, or still be on its way. The reason is the last one the system gave.
 void finish(std::ostream& out) {
   if (out.flush()) return;
@@ -63,20 +79,20 @@ int run(const std::vector<std::string>& arguments, std::istream& in, std::ostrea
     if (line.reply) {
       out << *line.reply;
     } else {
-      status = dispatch(line, {in, out, err, terminal, watched});
+      status = dispatch(line, {in, out, err, terminal, watched && !isDumbTerminal()});
     }
     finish(out);
     return status;
   } catch (const UsageError& error) {
     if (wrongArgument != nullptr) *wrongArgument = error.argument();
-    err << "stringhost: " << visible(error.what()) << '\n';
+    complain(err, error.what());
     if (!error.hint().empty()) err << visible(error.hint()) << '\n';
   } catch (const std::bad_alloc&) {
     err << "stringhost: not enough memory\n";
   } catch (const std::length_error&) {
     err << "stringhost: not enough memory\n";
   } catch (const std::exception& error) {
-    err << "stringhost: " << visible(error.what()) << '\n';
+    complain(err, error.what());
   }
   return kUsage;
 }

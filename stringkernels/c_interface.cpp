@@ -65,7 +65,7 @@ std::string transformed(stringkernels_transformation transformation, std::string
     case STRINGKERNELS_REPLACE_SQL_BOOLEANS:
       return stringkernels::replaceSqlBooleans(bytes);
   }
-  return {};
+  throw std::invalid_argument("stringkernels: unknown transformation");
 }
 
 /// Runs the body and sets the result, or leaves it at its beginning.
@@ -77,6 +77,8 @@ stringkernels_status guarded(Result& result, Body body) noexcept {
     return STRINGKERNELS_OK;
   } catch (const std::length_error&) {
     return STRINGKERNELS_TOO_LONG;
+  } catch (const std::invalid_argument&) {
+    return STRINGKERNELS_UNKNOWN_TRANSFORMATION;
   } catch (const std::bad_alloc&) {
     return STRINGKERNELS_NO_MEMORY;
   }
@@ -96,6 +98,7 @@ stringkernels_status stringkernels_transform(stringkernels_transformation transf
 }
 
 void stringkernels_free(stringkernels_bytes* bytes) {
+  if (bytes == nullptr) return;
   std::free(bytes->data);
   *bytes = {};
 }

@@ -4,8 +4,9 @@
 ///
 /// What all functions have in common:
 /// - Bytes and text come as `std::string_view` and go as `std::string`; both may hold zero bytes. Text is UTF-8, and
-///   where it is ill-formed, U+FFFD stands for each maximal subpart (The Unicode Standard, section 3.9). No function
-///   looks at the locale.
+///   where it is ill-formed, U+FFFD stands for each maximal subpart (The Unicode Standard, section 3.9), except in
+///   `removeTags`, `replaceTags`, `encodeEmailSubject` and `replaceSqlBooleans`: they work on bytes, and those that are
+///   ill-formed are bytes like others. No function looks at the locale.
 /// - Sizes are in bytes. Neither an input nor a result may have more than 2,147,483,647 bytes: `std::length_error`.
 ///   Without memory: `std::bad_alloc`. Nothing else is thrown, whatever the input holds: what is malformed has a
 ///   result, which is described with each function. An empty input has an empty result where nothing else is said.
@@ -16,6 +17,7 @@
 #ifdef __cplusplus
 
 #include <cstdint>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -30,8 +32,8 @@ enum class Markup { kEscape, kKeep };
 enum class Apostrophe { kNumber, kName };
 
 /// Any text as ASCII that can stand in an HTML document (HTML 4.01, sections 5.3 and 24): named references where there
-/// are any, decimal ones for all else above U+007F. Control characters other than TAB, LF and CR are dropped, and one
-/// leading byte-order mark.
+/// are any, decimal ones for all else above U+007F: "&#128;" for U+0080, which browsers read as the euro sign. Dropped
+/// are control characters below U+0020 other than TAB, LF and CR, and one leading byte-order mark, U+FEFF or U+FFFE.
 ///
 ///     encodeHtml("<b>5 €</b>") == "&lt;b&gt;5 &euro;&lt;/b&gt;"
 [[nodiscard]] std::string encodeHtml(std::string_view text, Markup markup = Markup::kEscape);
@@ -39,9 +41,11 @@ enum class Apostrophe { kNumber, kName };
 /// The text, in UTF-8, with references for its markup characters (XML 1.0, section 4.6). Drops what `encodeHtml` drops.
 [[nodiscard]] std::string encodeXml(std::string_view text, Apostrophe apostrophe = Apostrophe::kNumber);
 
-/// The text with the characters that its references stand for, the 253 named ones of HTML 4.01 and XML and all numbers;
-/// the ";" of a reference that ends the text may be missing. Everything else stays: single ampersands and unknown
-/// names. Numbers that are no code points become U+FFFD. One leading byte-order mark is dropped.
+/// The text with the characters that its references stand for: "&", a name of at most eight characters, and ";", which
+/// may be missing at the end of the text. Names are the 253 of HTML 4.01 and XML, and "#" or "#x" before a number from
+/// 1 up. What follows its digits counts for nothing: "&#65abc;" is "A", and so is "&#65&lt;". Numbers that are no code
+/// points become U+FFFD. Everything else stays: single ampersands, unknown names, "&#0;", "&#-5;", "&#X41;", and
+/// "&#99999999;", which has nine characters. One leading U+FEFF or U+FFFE is dropped.
 [[nodiscard]] std::string decodeReferences(std::string_view text);
 
 /// Whether bytes can stand in HTML and XML as they are: all ASCII, no NUL, no markup character. True for no bytes.
@@ -67,10 +71,11 @@ enum class Apostrophe { kNumber, kName };
 enum class Plus {
   kItself,   ///< a plus, written as it is; a space is "%20"
   kSpace,    ///< a space, as in HTML forms; a plus is "%2B"
-  kEscaped,  ///< a plus, written as "%2B"; a space is "%20"
+  kEscaped,  ///< a plus, written as "%2B"; a space is "%20"; in decoding the same as `kItself`
 };
 
-/// Percent-encoding (RFC 3986, section 2.1) of all but letters, digits and "!*-.@_". Limited to about 2^31 / 3 bytes.
+/// Percent-encoding (RFC 3986, section 2.1) of all but letters, digits and "!*-.@_". Limited to 715,827,879 bytes,
+/// whatever they are.
 [[nodiscard]] std::string encodeUrl(std::string_view bytes, Plus plus = Plus::kItself);
 
 /// Undoes percent-encoding. Each "%" takes two characters with it, whatever these are: one that is no digit, or is
@@ -78,7 +83,8 @@ enum class Plus {
 [[nodiscard]] std::string decodeUrl(std::string_view text, Plus plus = Plus::kItself);
 
 /// Quoted-printable (RFC 2045, section 6.7). Every line break becomes CR LF.
-/// @param lineLimit  one more than the most characters in a line, the "=" of a soft break included; 72 for less than 2
+/// @param lineLimit  two more than the characters that a line holds, not counting the "=" of a soft break; 72 for less
+///                   than 2. Where it is 2, or 2 to 4 for an escape, each of them is alone on a line, though longer.
 [[nodiscard]] std::string encodeQuotedPrintable(std::string_view bytes, std::int32_t lineLimit = 72);
 
 /// Reads quoted-printable text. Every line break becomes LF; malformed escapes yield nothing.
@@ -144,7 +150,8 @@ enum class BitOperation {
 /// The bytes, with the replacement in place of those outside 0x20 to 0x7F.
 [[nodiscard]] std::string replaceUnprintable(std::string_view bytes, char replacement = '.');
 
-/// How a hex dump is laid out. Every line has the same length: the last one is completed with filler.
+/// How a hex dump is laid out. Every line has the same length: the last one is completed with filler. The strings are
+/// the caller's, and have to last until `hexDump` returns.
 struct HexDumpLayout {
   std::int32_t groupDigits = 2;     ///< digits in a group; an odd number splits bytes
   std::int32_t lineGroups = 16;     ///< groups in a line
@@ -157,7 +164,8 @@ struct HexDumpLayout {
 /// The bytes in upper-case digits, in groups and lines; nothing where a group or a line is to have less than 1.
 [[nodiscard]] std::string hexDump(std::string_view bytes, const HexDumpLayout& layout = {});
 
-/// TRUE and FALSE as words of their own, in any letter case and outside quotes, replaced by 1 and 0.
+/// TRUE and FALSE as words of their own, in any letter case and outside quotes, replaced by 1 and 0. Around words are
+/// bytes below 0x21 or above 0x7F, "(", ")", ",", ";" and the ends of the statement.
 [[nodiscard]] std::string replaceSqlBooleans(std::string_view sql);
 
 /// Byte-order marks (The Unicode Standard, section 23.8).
@@ -173,8 +181,15 @@ enum class ByteOrderMark {
 /// The mark that bytes begin with. FF FE 00 00 is that of UTF-32.
 [[nodiscard]] ByteOrderMark detectByteOrderMark(std::string_view bytes);
 
-/// A number without an exponent and with at most 15 digits that count, cut off, not rounded. Of zeros at the end one is
+/// A number without an exponent. All digits before the point are written; of the decimals, from the first that isn't 0
+/// on, 15 less one for each character before the point that isn't "0", cut off, not rounded. Of zeros at the end one is
 /// kept: "1.0", "0.10", "1234.50"; "inf", "-inf" and "nan" are what they are.
+///
+/// Beware of large numbers: with 15 or more such characters the point goes too, and then the zeros that go are those of
+/// the number, which becomes too small by powers of ten. Both of these hold:
+///
+///     formatFixed(123456789012345600.0) == "12345678901234560"
+///     formatFixed(1234567890123456000.0) == "12345678901234560"
 [[nodiscard]] std::string formatFixed(double value);
 
 /// A number as one digit, decimals and an exponent of at least two digits, correctly rounded: "1.25e+03".
@@ -200,6 +215,7 @@ typedef enum stringkernels_status {
   STRINGKERNELS_OK = 0,
   STRINGKERNELS_TOO_LONG = 1,  ///< an input or the result has more than 2,147,483,647 bytes
   STRINGKERNELS_NO_MEMORY = 2,
+  STRINGKERNELS_UNKNOWN_TRANSFORMATION = 3,
 } stringkernels_status;
 
 /// Bytes that belong to the caller, who gives them back with `stringkernels_free`. A zero byte follows, not counted.
@@ -239,7 +255,8 @@ typedef enum stringkernels_transformation {
 stringkernels_status stringkernels_transform(stringkernels_transformation transformation, const char* data, size_t size,
                                              stringkernels_bytes* result);
 
-/// Gives the bytes of a result back, and leaves it null and empty. Nothing happens to one that is.
+/// Gives the bytes of a result back, and leaves it null and empty. Nothing happens to one that is, and to a null
+/// pointer.
 void stringkernels_free(stringkernels_bytes* bytes);
 
 /// `editDistance`; 0 without success.

@@ -80,6 +80,8 @@ const KernelLines lines{
     {"quoted-printable decode", "plain", decodeTo<quoted_printable::scalar::decode>},
     {"yEnc decode", "kernel", decodeTo<yenc::decode>},
     {"yEnc decode", "plain", decodeTo<yenc::scalar::decode>},
+    {"yEnc decode, memory block", "kernel", decodeTo<yenc::decode>},
+    {"yEnc decode, memory block", "plain", decodeTo<yenc::scalar::decode>},
 };
 
 }  // namespace

@@ -70,6 +70,14 @@ TEST_CASE("counting: a byte at every length") {
   checkCount(std::string(100'000, 'a'), "a");  // more than the bytes of a vector can count
 }
 
+TEST_CASE("counting: pairs of bytes in long texts") {
+  RandomBytes random(kSeed);
+  std::string pairs;  // more than the bytes of a vector can count
+  while (pairs.size() < 20'000) pairs += "ab";
+  checkCount(pairs, "ab");
+  for (std::size_t length = 4000; length < 4200; ++length) checkCount(random.of("aab", length), "ab");
+}
+
 TEST_CASE("counting: patterns of all kinds in texts of few letters") {
   RandomBytes random(kSeed);
   constexpr std::string_view kAlphabets[] = {"a", "ab", "aaab", "abc", "e \xC3"};

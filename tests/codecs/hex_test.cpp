@@ -77,4 +77,7 @@ TEST_CASE("hex: the longest input whose digits can be had") {
 
 TEST_CASE("hex: every form agrees with the naive twins") {
   IN_EVERY_FORM(hex, agreesWithTwin(form::encode, form::decode));
+#ifdef WIDE_AVX512
+  if (cpu::hasAvx512()) agreesWithTwin(hex::avx512::encode, hex::avx512::decode);
+#endif
 }

@@ -70,7 +70,25 @@ constexpr Case kDecoding[] = {
     {"one digit at the end", 0, "a%4", "a@"},
 };
 
+/// Runs that need nothing, long and short, behind one another.
+void agreesOnRuns(Kernel encode, Kernel decode) {
+  RandomBytes random(0x55);
+  for (int round = 0; round < 200; ++round) {
+    const int options = round % 4;
+    std::string text;
+    for (int i = 0; i < 4; ++i)
+      text += random.of("abc+", random.below(400)) + random.of(
+                                                         "% /\xE9"
+                                                         "4",
+                                                         random.below(40));
+    const auto offset = static_cast<std::size_t>(round);
+    CHECK(encoded(text, options, encode, offset) == reference::urlEncoded(text, options));
+    CHECK(decoded(text, options, decode, offset) == reference::urlDecoded(text, options));
+  }
+}
+
 void agreesWithTwins(Kernel encode, Kernel decode) {
+  agreesOnRuns(encode, decode);
   const std::string anything = RandomBytes(3986)(40) + '%';
   for (int options = 0; options < 4; ++options) {
     checkAgainstTwin(

@@ -29,8 +29,12 @@ inline std::vector<standin::Argument> argumentsFor(const standin::Method& method
   for (const standin::Parameter& parameter : method.declaration.parameters) {
     switch (parameter.type) {
       case standin::Type::kString: {
-        const bool isShort = texts++ > 0 && (name == "HexstringZQV" || name == "RemoveHTMLTagsWithZQV");
-        arguments.emplace_back(standin::utf8(isShort ? "++" : richText(texts == 1 ? length : length * 3 / 4)));
+        const bool isFirst = texts++ == 0;
+        const bool isShort = !isFirst && (name == "HexstringZQV" || name == "RemoveHTMLTagsWithZQV");
+        // The second text has no end in common with the first, which distances would leave out.
+        arguments.emplace_back(standin::utf8(isFirst   ? richText(length)
+                                             : isShort ? "++"
+                                                       : ">" + richText(length * 3 / 4)));
         break;
       }
       case standin::Type::kMemoryBlock:

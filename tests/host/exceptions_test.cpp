@@ -71,10 +71,10 @@ TEST_CASE("the frames pass results through, and the silent one raises nothing") 
 }
 
 TEST_CASE("a raise without a message, of an unknown class, and in a host without any class") {
-  const auto raise = [](const char* message) {
+  const auto raising = [](const char* message) {
     return [message] { RaiseException("OutOfMemoryException", message, 0, 0); };
   };
-  CHECK((raisedBy(raise(nullptr)) == Raised{"OutOfMemoryException", "", 0}));
-  CHECK((raisedBy(raise("text"), {"RuntimeException"}) == Raised{"RuntimeException", "text", 0}));
-  CHECK_FALSE(raisedBy(raise("text"), {}));
+  CHECK((raisedBy(raising(nullptr)) == Raised{"OutOfMemoryException", "", 0}));
+  CHECK((raisedBy(raising("text"), {"RuntimeException"}) == Raised{"RuntimeException", "text", 0}));
+  CHECK_FALSE(raisedBy(raising("text"), {}));
 }

@@ -10,7 +10,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-mkdir "$work/builds"
+mkdir -p "$work/builds/site/speed"  # building the real one takes a compiler of its own
+echo page | tee "$work/builds/site/index.html" >"$work/builds/site/speed/chart.svg"
 ln -s "$folder" "$work/builds/$native"
 export SOURCE_DATE_EPOCH=1000000000
 (umask 077 && TZ=Asia/Tokyo LC_ALL=C pack it "$work/one" "$work/builds" "$native")
@@ -23,7 +24,8 @@ TZ=UTC unzip -q one/it.zip
 cd it
 sha256sum --quiet --check SHA256SUMS
 find . -type f | LC_ALL=C sort
-for file in StringPlugin.so stringhost LICENSE CHANGELOG.md docs/methods/README.md completions/stringhost.bash; do
+for file in StringPlugin.so stringhost LICENSE CHANGELOG.md docs/methods/README.md completions/stringhost.bash \
+  site/index.html site/speed/chart.svg; do
   [ -s "$file" ] || fail "the archive lacks $file"
 done
 [ -z "$(find . -name '*.debug')" ] || fail "debug information in the archive"

@@ -70,7 +70,10 @@ TEST_CASE("wrong usage is one line, a hint where there is one, and status 2") {
   const char* const kNoLibrary = "stringhost_test.text";
   const char* const kHalf = "stringhost_test.half";
   const File noLibrary(kNoLibrary, "text");
+  const char* const kAlmost = "stringhost_test.almost";
+  const auto missingOne = static_cast<std::size_t>(std::filesystem::file_size(STRING_PLUGIN_FILE)) - 1;
   const File half(kHalf, beginningOf(STRING_PLUGIN_FILE, 4000));
+  const File almost(kAlmost, beginningOf(STRING_PLUGIN_FILE, missingOne));
   const struct {
     Words words;
     std::string line;
@@ -80,7 +83,16 @@ TEST_CASE("wrong usage is one line, a hint where there is one, and status 2") {
       {{"lst"}, "no such command: lst", "did you mean list?"},
       {{"call"}, "call needs the name of a method", "stringhost list shows them"},
       {{"call", "half", "--outptu", "hex"}, "no such option: --outptu", "did you mean --output?"},
-      {{"call", "half", "--output"}, "--output: 1 required FORM missing", "stringhost --help says more"},
+      {{"--versio"}, "no such option: --versio", "did you mean --version?"},
+      {{"call", "--repeet", "3"}, "no such option: --repeet", "did you mean --repeat?"},
+      {{"explain", "half", "a", "b", "--repeat", "3"},
+       "explain has no option --repeat",
+       "stringhost explain --help shows them"},
+      {{"list", "--outptu"}, "no such option: --outptu", "stringhost list --help shows them"},
+      {{"--json", "list"}, "--json goes after list", ""},
+      {{"call", "half", "-- x"}, "no such option: -- x", "stringhost call --help shows them"},
+      {{"call", "half", "--output"}, "--output needs a value", "stringhost call --help says more"},
+      {{"help", ""}, "no such method: ''", "stringhost list shows all"},
       {{"call", "half", "--output", "hexx"}, "no such form of output: hexx", "did you mean hex?"},
       {{"call", "half", "--encoding", "latin"},
        "no such encoding: latin",
@@ -90,10 +102,10 @@ TEST_CASE("wrong usage is one line, a hint where there is one, and status 2") {
        "did you mean REALLockString?"},
       {{"call", "half", "--host-version", "new"},
        "--host-version: 'new' is no version of the host (0 to 1000000)",
-       "stringhost --help says more"},
+       "stringhost call --help says more"},
       {{"call", "half", "--repeat", "0"},
        "--repeat: '0' is no number of calls (1 to 1000000000)",
-       "stringhost --help says more"},
+       "stringhost call --help says more"},
       {{"call", "half", "--without", ""}, "no such service: ''", ""},
       {{"--plugin", "", "list"}, "--plugin: the name of the file is empty", ""},
       {{"call", "halve", "a", "b"}, "no such method: halve", "did you mean half?"},
@@ -102,6 +114,9 @@ TEST_CASE("wrong usage is one line, a hint where there is one, and status 2") {
        R"(no such method: \u001B[31m\u009B\u202E\u000A)",
        "stringhost list shows all"},
       {{"call", ""}, "no such method: ''", "stringhost list shows all"},
+      {{"call", std::string(183, 'x') + "\u00E9" + std::string(999, 'y')},
+       "no such method: " + std::string(183, 'x') + "\u2026" + std::string(100, 'y'),
+       "stringhost list shows all"},
       {{"call", "half", "a"}, "half takes 2 arguments, not 1", "stringhost help half says which"},
       {{"call", "showsArguments", "1", "true", "x"},
        "showsArguments takes 0 to 2 arguments, not 3",
@@ -124,6 +139,9 @@ TEST_CASE("wrong usage is one line, a hint where there is one, and status 2") {
       {{"list", "--plugin", "."}, ".: is a directory", ""},
       {{"list", "--plugin", kNoLibrary}, kNoLibrary + ": is no library for this platform"s, ""},
       {{"list", "--plugin", kHalf}, kHalf + ": is cut short: its headers speak of more than its 4000 bytes"s, ""},
+      {{"list", "--plugin", kAlmost},
+       kAlmost + ": is cut short: its headers speak of more than its "s + std::to_string(missingOne) + " bytes",
+       ""},
   };
   for (const auto& c : kCases) {
     CAPTURE(c.line);
@@ -146,6 +164,9 @@ TEST_CASE("the forms of an argument") {
       {"++", "++"},
       {"-5", "-5"},
       {"-.5e3", "-.5e3"},
+      {"-5 apples", "-5 apples"},
+      {"-.x", "-.x"},
+      {"-inf", "-inf"},
       {"hex:c3A9", "\u00E9"},
       {"hex:", ""},
       {"text:@x", "@x"},
@@ -188,6 +209,8 @@ TEST_CASE("text is converted to the encoding, bytes are marked with it") {
   CHECK(shown("ascii", "\u00E9") == json("\"?\"", "3F", "ascii"));
   CHECK(shown("none", "\u00E9") == json("\"\u00E9\"", "C3A9", "none"));
   CHECK(shown("macroman", "hex:8E") == json("\"\u00E9\"", "8E", "macroman"));
+  CHECK(shown("ascii", "hex:C3A9") == json("\"\u00E9\"", "C3A9", "ascii"));
+  CHECK(shown("ascii", "hex:FF") == json("null", "FF", "ascii"));
   CHECK(shown("utf-8", "hex:FF") == json("null", "FF", "utf-8"));
 }
 
@@ -202,6 +225,7 @@ TEST_CASE("results of every type, into a pipe and on a terminal") {
       {{"call", "returnsTheArgument", "hex:1B5B"}, "\x1B[", "hex:1B5B\n"},
       {{"call", "returnsTheArgument", "\u009B2J"}, "\u009B2J", "hex:C29B324A\n"},
       {{"call", "returnsTheArgument", "\u202Etxt"}, "\u202Etxt", "hex:E280AE747874\n"},
+      {{"call", "returnsTheArgument", "a\u00ADb"}, "a\u00ADb", "hex:61C2AD62\n"},
       {{"call", "returnsTheArgument", "a\rb"}, "a\rb", "hex:610D62\n"},
       {{"call", "returnsTheArgument", "a\r\n\u05D0\t"}, "a\r\n\u05D0\t", "a\r\n\u05D0\t\n"},
       {{"call", "returnsTheArgument", "\u00E9", "--encoding", "utf-16"}, "\xE9\0"s, "\u00E9\n"},

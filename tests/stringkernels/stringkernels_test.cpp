@@ -136,6 +136,11 @@ TEST_CASE("the functions for C give the same, and statuses for exceptions") {
     CHECK(result.size == 0);
     stringkernels_free(&result);
   }
+  // Behind the last one; no more than the bits that the enumeration has.
+  CHECK(stringkernels_transform(static_cast<stringkernels_transformation>(31), "a", 1, &result) ==
+        STRINGKERNELS_UNKNOWN_TRANSFORMATION);
+  CHECK(result.data == nullptr);
+  stringkernels_free(nullptr);
   const std::string text(30000, 'a');
   std::int64_t number = -1;
   CHECK(stringkernels_edit_distance("ab", 2, "ba", 2, &number) == STRINGKERNELS_OK);
