@@ -11,8 +11,8 @@ function textArgument(text) {
 }
 
 /** What an argument of a string or a memory block is: {kind, value}. */
-function readArgument(written) {
-  if (written === '' || written === 'nil') return {kind: 'null', value: ''};
+function readArgument(written, type) {
+  if (written === '' || (written === 'nil' && type === 'memoryblock')) return {kind: 'null', value: ''};
   if (written.startsWith('hex:')) return {kind: 'hex', value: written.slice(4)};
   if (written.startsWith('text:')) return {kind: 'text', value: written.slice(5)};
   if (written.startsWith('@')) return {kind: 'file', value: ''};
@@ -33,6 +33,11 @@ class Field {
   complain(words) {
     this.problem.textContent = words;
     this.input.setAttribute('aria-invalid', String(words !== ''));
+  }
+
+  /** What the argument is given with. */
+  get control() {
+    return this.input;
   }
 
   get defaultHint() {
@@ -69,7 +74,14 @@ class PlainField extends Field {
   }
 
   set argument(written) {
-    this.input.value = written;
+    const names = {0: 'false', 1: 'true'};
+    const isBoolean = this.parameter.type === 'boolean';
+    this.input.value = isBoolean ? names[written] ?? written.toLowerCase() : written;
+  }
+
+  /** Whether the field could take an argument as it was put there. */
+  holds(written) {
+    return this.argument === written;
   }
 
   linked() {
@@ -135,10 +147,20 @@ class BytesField extends Field {
   }
 
   set argument(written) {
-    const {kind, value} = readArgument(written);
+    const {kind, value} = readArgument(written, this.parameter.type);
     this.input.value = value;
     this.restored = {text: value, shown: this.input.value};
     this.kind = kind;
+  }
+
+  /** Whether the field could take an argument as it was put there; a file only the reader can. */
+  holds(written) {
+    return !written.startsWith('@');
+  }
+
+  get control() {
+    if (this.kind === 'file') return this.chooser;
+    return this.input.hidden ? this.kinds.querySelector('input:checked') : this.input;
   }
 
   get files() {

@@ -7,6 +7,7 @@ const versionField = document.getElementById('host-version');
 const withoutField = document.getElementById('without');
 const progress = document.getElementById('progress');
 const cancelButton = document.getElementById('cancel');
+const runButton = form.querySelector('button.run');
 const resultView = document.getElementById('result');
 
 const MOST_COMPLAINED = 2000;
@@ -16,7 +17,7 @@ let methods = [];
 let fields = [];
 
 const optionProblems = new Map(
-  [versionField, withoutField].map((field) => {
+  [encodingChoice, versionField, withoutField].map((field) => {
     const problem = element('p', {class: 'problem', role: 'alert'});
     field.after(problem);
     return [field, problem];
@@ -42,44 +43,66 @@ function overload(name, count) {
   return fitting.sort((a, b) => a.parameters.length - b.parameters.length)[0];
 }
 
-/** Fills in what a link says; false where it names no method. */
+/** The options of the command line as a link has them, [name, value], left out where they are the defaults. */
+function linkedOptions(encoding, version, without) {
+  const said = without.map((service) => ['without', service]);
+  if (version !== '') said.unshift(['host', version]);
+  if (encoding !== 'utf-8') said.unshift(['encoding', encoding]);
+  return said;
+}
+
+function chosenOptions() {
+  const without = withoutField.value.split(/[\s,]+/).filter((name) => name !== '');
+  return linkedOptions(encodingChoice.value, versionField.value.trim(), without);
+}
+
+const OPTION_WORDS = {encoding: '--encoding', host: '--host-version', without: '--without'};
+
+/** The options of the command line. */
+const options = (said = chosenOptions()) => said.flatMap(([name, value]) => [OPTION_WORDS[name], value]);
+
+/**
+ * Fills in what a link says. Gives the call to run: one without words is the form's own; where the form cannot say what
+ * the link says, as it may be wrong, the words are the link's. Null where it names no method.
+ */
 function restore(fragment) {
   const said = new URLSearchParams(fragment);
+  if (!said.has('method')) return null;
+  const name = said.get('method');
   const written = said.getAll('a');
-  const method = overload(said.get('method') ?? '', written.length);
-  if (!method) return false;
-  methodChoice.selectedIndex = methods.indexOf(method);
-  showFields();
-  written.forEach((argument, index) => (fields[index].argument = argument));
+  const method = overload(name, written.length);
+  const shown = method ?? methods.find((other) => other.name.toLowerCase() === name.toLowerCase());
+  if (shown) {
+    methodChoice.selectedIndex = methods.indexOf(shown);
+    showFields();
+    written.slice(0, fields.length).forEach((argument, index) => (fields[index].argument = argument));
+  }
   encodingChoice.value = said.get('encoding') ?? 'utf-8';
   if (encodingChoice.selectedIndex < 0) encodingChoice.value = 'utf-8';
   versionField.value = said.get('host') ?? '';
   withoutField.value = said.getAll('without').join(' ');
-  return true;
-}
 
-const withheld = () => withoutField.value.split(/[\s,]+/).filter((name) => name !== '');
-
-/** The options of the command line, left out where they are the defaults. */
-function options() {
-  const words = [];
-  if (encodingChoice.value !== 'utf-8') words.push('--encoding', encodingChoice.value);
-  if (versionField.value.trim() !== '') words.push('--host-version', versionField.value.trim());
-  for (const service of withheld()) words.push('--without', service);
-  return words;
+  const asked = linkedOptions(said.get('encoding') ?? 'utf-8', (said.get('host') ?? '').trim(), said.getAll('without'));
+  const isSame = method && written.every((argument, index) => fields[index].holds(argument)) &&
+    JSON.stringify(asked) === JSON.stringify(chosenOptions());
+  return isSame ? {} : {options: options(asked), name, words: written, files: [], link: Promise.resolve(`#${said}`)};
 }
 
 /** The call as a fragment that restores it, or null where a file or a text is too large for one. */
 async function fragment() {
+  const said = new URLSearchParams([['method', methods[methodChoice.selectedIndex].name]]);
+  const chosen = chosenOptions();
   const linked = await Promise.all(given(fields).map((field) => field.linked()));
   if (linked.includes(null)) return null;
-  const said = new URLSearchParams();
-  said.append('method', methods[methodChoice.selectedIndex].name);
   linked.forEach((argument) => said.append('a', argument));
-  if (encodingChoice.value !== 'utf-8') said.append('encoding', encodingChoice.value);
-  if (versionField.value.trim() !== '') said.append('host', versionField.value.trim());
-  for (const service of withheld()) said.append('without', service);
+  chosen.forEach(([name, value]) => said.append(name, value));
   return `#${said}`;
+}
+
+/** The call of the form as it is now, whatever is changed in it while the call runs. */
+function formCall() {
+  const link = fragment().catch(() => null);  // a file that cannot be read fails the call itself
+  return {options: options(), name: methods[methodChoice.selectedIndex].name, ...namedFiles(), link};
 }
 
 /** Words as they are typed into a shell. */
@@ -104,13 +127,15 @@ function namedFiles() {
 /** Puts what stringhost says about a wrong call beside the field it is about. */
 function complain({err, wrongArgument}) {
   const all = err.replace(/^stringhost: /, '').trim();
-  const words = all.length > MOST_COMPLAINED ? `${all.slice(0, MOST_COMPLAINED)} …` : all;
+  const half = MOST_COMPLAINED / 2;
+  const words = all.length > MOST_COMPLAINED ? `${all.slice(0, half)} … ${all.slice(-half)}` : all;
   if (wrongArgument > 0) {
     fields[wrongArgument - 1].complain(words);
-    fields[wrongArgument - 1].input.focus();
+    fields[wrongArgument - 1].control.focus();
     return;
   }
-  const about = words.startsWith('--host-version') ? versionField : words.startsWith('no such service') ? withoutField : null;
+  const starts = [['no such encoding', encodingChoice], ['--host-version', versionField], ['no such service', withoutField]];
+  const about = starts.find(([start]) => words.startsWith(start))?.[1];
   if (about) {
     optionProblems.get(about).textContent = words;
     about.focus();
@@ -126,12 +151,10 @@ function clearComplaints() {
 }
 
 /** What stands below a result: the link that restores the call, and the same call on a command line. */
-async function again(words) {
-  const link = await fragment();
+function again(link, words) {
   const line = quoted(['stringhost', 'call', ...words]);
   const parts = [];
   if (link) {
-    history.replaceState(null, '', link);
     parts.push(element('a', {id: 'permalink', href: link}, 'Link to this call'));
   } else {
     parts.push(element('p', {class: 'note'}, 'The call is too large for a link.'));
@@ -140,25 +163,43 @@ async function again(words) {
   return element('section', {class: 'form again'}, ...parts);
 }
 
+/** Lets the address be a link to the call whose result is shown, or to none. */
+const setAddress = (link) => history.replaceState(null, '', link ?? location.href.replace(/#.*/s, ''));
+
 let running = 0;
 
-async function run() {
-  const turn = ++running;
+function settle() {
+  progress.classList.remove('busy');
+  if (document.activeElement === cancelButton) runButton.focus();
+  cancelButton.hidden = true;
+}
+
+/** Gives up the call that runs, if one does, with nothing said of it. */
+function drop() {
+  ++running;
+  if (!cancelButton.hidden) engine.cancel();
+  settle();
+}
+
+async function run(call) {
+  drop();
+  const turn = running;
   clearComplaints();
-  const {files, words} = namedFiles();
-  const method = methods[methodChoice.selectedIndex];
-  const all = [...options(), '--', method.name, ...words];
+  const {options, name, words, files, link: linking} = call?.words ? call : formCall();
   const start = performance.now();
-  const tick = () => (progress.textContent = `calling ${method.name}, ${duration(performance.now() - start)} so far`);
+  const tick = () => {
+    if (turn === running) progress.textContent = `calling ${name}, ${duration(performance.now() - start)} so far`;
+  };
   progress.classList.add('busy');
   cancelButton.hidden = false;
   tick();
   const timer = setInterval(tick, 100);
   try {
-    const reply = await engine.explain(all, files);
+    const [reply, link] = await Promise.all([engine.explain([...options, '--', name, ...words], files), linking]);
     if (turn !== running) return;
+    setAddress(reply.call ? link : null);
     if (reply.call) {
-      resultView.replaceChildren(...shownCall(reply.call, reply.milliseconds), await again([...options(), method.name, ...words]));
+      resultView.replaceChildren(...shownCall(reply), again(link, [...options, name, ...words]));
       resultView.hidden = false;
     } else {
       resultView.hidden = true;
@@ -169,10 +210,7 @@ async function run() {
     if (turn === running) progress.textContent = error.message;
   } finally {
     clearInterval(timer);
-    if (turn === running) {
-      progress.classList.remove('busy');
-      cancelButton.hidden = true;
-    }
+    if (turn === running) settle();
   }
 }
 
@@ -181,16 +219,16 @@ async function begin() {
   const {out} = await engine.runWords(['list', '--json']);
   methods = JSON.parse(out);
   methodChoice.replaceChildren(...methods.map(({declaration}) => element('option', {}, declaration)));
-  const isRestored = restore(location.hash.slice(1));
-  if (!isRestored) {
-    restore(new URLSearchParams([['method', FIRST.method], ...FIRST.arguments.map((argument) => ['a', argument])]).toString());
-  }
+  restore(new URLSearchParams([['method', FIRST.method], ...FIRST.arguments.map((argument) => ['a', argument])]).toString());
+  const call = restore(location.hash.slice(1));
   progress.textContent = '';
-  if (isRestored) await run();
+  if (call) await run(call);
   document.body.classList.add('ready');
 }
 
 methodChoice.addEventListener('change', () => {
+  drop();
+  setAddress(null);
   showFields();
   resultView.hidden = true;
   progress.textContent = '';
@@ -203,5 +241,8 @@ form.addEventListener('keydown', (event) => {
   if (event.key === 'Enter' && (event.ctrlKey || event.metaKey)) run();
 });
 cancelButton.addEventListener('click', () => engine.cancel());
-addEventListener('hashchange', () => restore(location.hash.slice(1)) && run());
+addEventListener('hashchange', () => {
+  const call = restore(location.hash.slice(1));
+  if (call) run(call);
+});
 begin().catch((error) => (progress.textContent = error.message));

@@ -91,7 +91,18 @@ function factsOf({declaration, result}, milliseconds) {
   return facts(rows);
 }
 
-function servicesShown({services, references, violations}) {
+const UNBALANCED = 3;
+
+/** What broke a rule; where it isn't the plugin's fault, what stringhost says instead. */
+function violationsShown({status, err, call: {violations}}) {
+  if (violations.length === 0) return [];
+  if (status === UNBALANCED) return [element('p', {class: 'problem'}, violations.join('; '))];
+  const said = err.split('\n').filter((line) => line.startsWith('stringhost: '));
+  return said.map((line) => element('p', {class: 'note'}, line.replace(/^stringhost: /, '')));
+}
+
+function servicesShown(reply) {
+  const {services, references} = reply.call;
   const lines = services.map(({service, thing, encoding, made}) =>
     element('li', {}, element('code', {}, service), [thing, encoding].filter(Boolean).map((word) => `, ${word}`).join(''),
       made ? ` → ${made}` : ''));
@@ -101,8 +112,7 @@ function servicesShown({services, references, violations}) {
     lines.length > 0 ? element('ol', {id: 'services'}, ...lines) : element('p', {class: 'note'}, 'none'),
   ];
   if (balance.length > 0) parts.push(element('h2', {}, 'References'), element('ul', {}, ...balance));
-  if (violations.length > 0) parts.push(element('p', {class: 'problem'}, violations.join('; ')));
-  return element('section', {class: 'form services'}, ...parts);
+  return element('section', {class: 'form services'}, ...parts, ...violationsShown(reply));
 }
 
 function saveLink(bytes) {
@@ -116,7 +126,8 @@ function saveLink(bytes) {
 }
 
 /** All there is to know of a call. */
-function shownCall(call, milliseconds) {
+function shownCall(reply) {
+  const {call, milliseconds} = reply;
   const {result} = call;
   const parts = [factsOf(call, milliseconds)];
   if (result.bytes && !result.exception) {
@@ -125,6 +136,6 @@ function shownCall(call, milliseconds) {
   } else if (!result.bytes) {
     parts.push(block('Value', String(result.value)));
   }
-  parts.push(servicesShown(call));
+  parts.push(servicesShown(reply));
   return parts;
 }

@@ -2,6 +2,12 @@
 
 const MOST_FOUND = 12;
 
+/** Whether a name has these letters in this order, as it has where some were left out. */
+function hasLetters(name, letters) {
+  let at = -1;
+  return [...letters].every((letter) => (at = name.indexOf(letter, at + 1)) >= 0);
+}
+
 /** How well a record answers all the words: the higher the better, 0 not at all. */
 function relevance(record, words) {
   const name = record.name.toLowerCase();
@@ -14,6 +20,8 @@ function relevance(record, words) {
     else if (record.summary.toLowerCase().includes(word)) points = 20;
     else if (record.page.toLowerCase().includes(word)) points = 8;
     else if (record.text.toLowerCase().includes(word)) points = 5;
+    else if (word.length > 4 && hasLetters(name, word)) points = 3;
+    else if (word.length > 4 && record.text.toLowerCase().replaceAll(' ', '').includes(word)) points = 1;
     if (points === 0) return 0;
     sum += points;
   }
@@ -115,8 +123,11 @@ function search(query) {
     field.select();
   });
 
-  // On narrow screens the list of methods begins folded.
+  // On narrow screens the list of methods begins folded, and the bar of pages at this one.
   if (matchMedia('(max-width: 60rem)').matches) {
     for (const details of document.querySelectorAll('.sidebar details')) details.open = false;
+    const bar = document.querySelector('.top nav');
+    const current = bar.querySelector('[aria-current]');
+    if (current) bar.scrollLeft += current.getBoundingClientRect().left - bar.getBoundingClientRect().left;
   }
 }

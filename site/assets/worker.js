@@ -44,6 +44,9 @@ async function provide(host, files) {
   host.FS.chdir('/files');
 }
 
+/** The colours of a terminal, which a page shows as they stand. */
+const COLOURS = /\x1b\[[\d;]*m/g;
+
 /** Runs a line, or words that follow the program's name. Files are found by their names. */
 async function run({line, words, files}) {
   const host = await freshInstance();
@@ -55,7 +58,8 @@ async function run({line, words, files}) {
   const reply = (words ? host._run_words(address, input.length) : host._run_line(address, input.length)) >>> 2;
   const [status, wrongArgument, out, outSize, err, errSize] = host.HEAPU32.subarray(reply, reply + 6);
   const text = (from, size) => new TextDecoder('utf-8', {ignoreBOM: true}).decode(host.HEAPU8.subarray(from, from + size));
-  return {status, wrongArgument, out: text(out, outSize), err: text(err, errSize)};
+  const printed = text(out, outSize);
+  return {status, wrongArgument, out: words ? printed : printed.replaceAll(COLOURS, ''), err: text(err, errSize)};
 }
 
 function bytesOf(digits) {

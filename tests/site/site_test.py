@@ -134,7 +134,8 @@ class SiteTest(unittest.TestCase):
         self.browser.find("body").send_keys("/")
         self.assertEqual(self.browser.run("return document.activeElement.id"), "search")
         field = self.browser.find("#search")
-        for query, first in (("levensh", "LevenshteinDistanceZQV"), ("byte-order mark kind", "GetUnicodeMarkersZQV")):
+        for query, first in (("levensh", "LevenshteinDistanceZQV"), ("byte-order mark kind", "GetUnicodeMarkersZQV"),
+                             ("levenstein", "LevenshteinDistanceZQV"), ("decodinghtml", "DecodingFromHTMLZQV")):
             field.clear()
             field.send_keys(query)
             self.assertEqual(self.browser.text("#found [aria-selected=true] strong"), first)
@@ -171,6 +172,7 @@ class SiteTest(unittest.TestCase):
             [("method", "HexstringZQV"), ("a", "é\r\n\t"), ("a", "2"), ("a", "8"), *[("a", "text:")] * 4],
             [("method", "_yDecodeMemoryZQV"), ("a", ""), ("without", "newMemoryBlock")],
             [("method", "ConcatBinaryStringsZQV"), ("a", "1"), ("a", ""), ("a", "text:hex:")],
+            [("method", "EncodingToHexZQV"), ("a", "nil"), ("without", "REALLockString")],
         ]
         state = (
             "const r = document.querySelector('#result').cloneNode(true); r.querySelector('dl').lastChild.remove();"
@@ -256,6 +258,9 @@ class SiteTest(unittest.TestCase):
             ([("method", "StrZQV"), ("a", "1"), ("host", "-1")], "--host-version: '-1' is no version of the host (0 to 1000000)"),
             ([("method", "StrZQV"), ("a", "1"), ("without", "REALLockStrin")],
              "no such service: REALLockStrin\ndid you mean REALLockString?"),
+            ([("method", "EncodingToHexZQV"), ("a", "x"), ("encoding", "klingon")],
+             "no such encoding: klingon\nthere are utf-8, ascii, utf-16, utf-32, macroman, windows-1252, none"),
+            ([("method", "RandomBytesStringZQV"), ("a", "1\n2")], "'1\\u000A2' is not an integer of 32 bits, as Length has to be"),
         ]
         for call, words in rows:
             with self.subTest(call=call):
@@ -263,6 +268,39 @@ class SiteTest(unittest.TestCase):
                 self.assertEqual([each.removesuffix("\nstringhost --help says more") for each in self.problems()], [words])
                 focused = self.browser.run("return document.activeElement.parentElement.querySelector('.problem')?.textContent")
                 self.assertTrue(focused.startswith(words), "not beside its field")
+        for call, words in [
+            ([("method", "StrZZ"), ("a", "1")], "no such method: StrZZ"),
+            ([("method", "EncodingToHexZQV"), ("a", "1"), ("a", "2")], "EncodingToHexZQV takes 1 argument, not 2"),
+            ([("method", "EncodingToHexZQV"), ("a", "hex:" + "41" * 1500 + "4")], "two hex digits make a byte, one is missing"),
+        ]:
+            with self.subTest(call=call):
+                self.playground(*call)
+                self.assertIn(words, "".join(self.problems()))
+                self.assertEqual(self.browser.run("return location.hash"), "")
+
+    def test_a_form_changed_during_a_call(self):
+        click = "document.querySelector('#call button.run').click();"
+        self.playground(("method", "RandomBytesStringZQV"), ("a", "1"))
+        self.browser.run(f"fields[0].argument = '2000000'; {click} fields[0].argument = '5';")
+        self.browser.wait("!document.querySelector('#progress.busy')")
+        self.assertEqual(self.fact("Size"), "2,000,000 bytes")
+        self.assertEqual(self.browser.run("return location.hash"), "#method=RandomBytesStringZQV&a=2000000")
+        for argument in ("2000000", "x"):
+            self.browser.run(
+                f"fields[0].argument = '{argument}'; {click}"
+                "methodChoice.selectedIndex = 0; methodChoice.dispatchEvent(new Event('change'));"
+                "await engine.runWords(['list']);"
+            )
+            state = "return [resultView.hidden, progress.textContent, cancelButton.hidden, location.hash]"
+            self.assertEqual(self.browser.run(state), [True, "", True, ""])
+            self.assertEqual(self.problems(), [])
+            self.playground(("method", "RandomBytesStringZQV"), ("a", "1"))
+        self.playground(("method", "EncodingToHexZQV"), ("a", "x"))
+        self.browser.run("fields[0].argument = 'x'.repeat(70000)")
+        self.submit()
+        self.assertEqual(self.browser.run("return location.hash"), "", "too large for a link")
+        self.playground(("method", "EncodingToHexZQV"), ("a", "x"), ("without", "REALLockString"))
+        self.assertEqual((self.problems(), self.browser.text(".services > .note:last-child")[:24]), ([], "references don't balance"))
 
     def choose(self, path):
         self.playground(("method", "EncodingToHexZQV"), ("a", "x"))

@@ -6,6 +6,15 @@ include(${CMAKE_CURRENT_LIST_DIR}/../library/expect.cmake)
 file(REMOVE_RECURSE ${SCRATCH})
 run(installed ${CMAKE_COMMAND} --install ${BUILD} --component stringkernels --prefix ${SCRATCH}/first)
 file(RENAME ${SCRATCH}/first ${SCRATCH}/installed)
+
+# On Linux no name but the public ones is there for programs to clash with.
+if(CMAKE_HOST_SYSTEM_NAME STREQUAL "Linux")
+  run(symbols ${NM} --extern-only --defined-only ${SCRATCH}/installed/${LIBRARIES}/libstringkernels.a)
+  expect("${symbols}" " T stringkernels_free\n" "a public function")
+  string(REGEX REPLACE "[^\n]* (_ZN13stringkernels|stringkernels_)[^\n]*\n" "" others "${symbols}")
+  expect_not("${others}" "[^\n]* [A-Za-z] [^\n]+" "a global name")
+endif()
+
 file(COPY ${EXAMPLE}/ DESTINATION ${SCRATCH}/example)
 
 set(build ${SCRATCH}/build)
@@ -13,6 +22,20 @@ if(WAY STREQUAL "cmake")
   run(configured ${CMAKE_COMMAND} -S ${SCRATCH}/example -B ${build} -G ${GENERATOR} -DCMAKE_CXX_COMPILER=${COMPILER}
     -DCMAKE_PREFIX_PATH=${SCRATCH}/installed)
   run(built ${CMAKE_COMMAND} --build ${build})
+
+  file(COPY ${EXAMPLE}/in_c.c DESTINATION ${SCRATCH}/c_alone)
+  file(WRITE ${SCRATCH}/c_alone/CMakeLists.txt [[
+cmake_minimum_required(VERSION 3.25)
+project(c_alone LANGUAGES C)
+find_package(stringkernels 1 REQUIRED)
+add_executable(c_alone in_c.c)
+target_link_libraries(c_alone PRIVATE stringkernels::stringkernels)
+]])
+  run(configured ${CMAKE_COMMAND} -S ${SCRATCH}/c_alone -B ${build}/c_alone -G ${GENERATOR}
+    -DCMAKE_PREFIX_PATH=${SCRATCH}/installed)
+  run(built ${CMAKE_COMMAND} --build ${build}/c_alone)
+  run(output ${build}/c_alone/c_alone "a b")
+  expect_equal("${output}" "a%20b\n" "what a project in C alone prints")
 else()
   file(MAKE_DIRECTORY ${build})
   set(ENV{PKG_CONFIG_PATH} ${SCRATCH}/installed/${LIBRARIES}/pkgconfig)
