@@ -181,6 +181,8 @@ constexpr Reason kReasons[] = {
     {"e-mail subject", nullptr, kAnySize, kTwoStores},
     {"yEnc decode", nullptr, kAnySize, "moves the kept bytes together, and the host copies the result"},
     {"MySQL unescape", "no escapes", kAnySize, kHostCopies},
+    {"AND", nullptr, kShort, kMostlyHost},
+    {"Jaro-Winkler", "Latin, alike", kShort, "opening takes nearly half of the call"},
     {"compare bytes", nullptr, kAnySize, "lies within a nanosecond or two of one call, which is memcmp itself"},
     {"compare characters", nullptr, 256, "asks the host for both encodings first"},
     {"count", "rare word", 4096, "memchr scans half again as fast while the text is in the nearest cache"},
