@@ -11,6 +11,7 @@
 #include "standin/transcode.h"
 #include "tests/reference/bitwise.h"
 #include "tests/reference/charsets.h"
+#include "tests/reference/comparison.h"
 #include "tests/reference/counting.h"
 #include "tests/reference/distances.h"
 #include "tests/reference/email_subject.h"
@@ -147,25 +148,17 @@ Expectation random(const Call& call) {
 
 // --- Analysis
 
-int compared(std::string a, std::string b) {
-  const std::size_t length = std::max(a.size(), b.size());
-  a.resize(length);
-  b.resize(length);
-  const int order = a.compare(b);
-  return order < 0 ? -1 : order > 0 ? 1 : 0;
-}
-
 Expectation comparedBytes(const Call& call) {
   const std::string& a = call.bytes(0);
   const std::string& b = call.bytes(1);
   if (a.empty() || b.empty()) return number(static_cast<int>(!a.empty()) - static_cast<int>(!b.empty()));
-  return number(compared(a, b));
+  return number(reference::compared(a, b));
 }
 
 Expectation comparedCharacters(const Call& call) {
   const auto mark = [&](const Text& text) { return text.null ? kEncodingNone : text.encoding; };
   if (mark(call.text(0)) == mark(call.text(1))) return comparedBytes(call);
-  return number(compared(call.utf8(0), call.utf8(1)));
+  return number(reference::compared(call.utf8(0), call.utf8(1)));
 }
 
 Expectation levenshtein(const Call& call) {

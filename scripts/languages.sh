@@ -4,6 +4,6 @@ slow_checks+=(languages)
 
 check_languages() {
   install php-cli python3 nodejs
-  step 'languages' python3 tests/docs/languages.py docs/methods/*.md
+  step 'languages' python3 scripts/languages.py docs/methods/*.md
   tail -n 1 "$logs/languages.log"
 }

@@ -45,11 +45,8 @@ struct Case {
 
 constexpr Case kCases[] = {
     {"no overlap", "aaaa", "aa", 2},
-    {"the rest is too short", "aaa", "aa", 1},
     {"longer than the text", "ab", "abc", 0},
-    {"a byte", "banana", "a", 3},
     {"the leftmost first", "banana", "ana", 1},
-    {"case counts", "banana", "A", 0},
     {"the text itself", "banana", "banana", 1},
     {"zero bytes", "a\0\0b\0"sv, "\0"sv, 3},
     {"in no text", "", "a", 0},

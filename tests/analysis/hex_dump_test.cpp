@@ -22,20 +22,15 @@ constexpr std::int64_t kLargest = std::numeric_limits<std::int32_t>::max();
 
 using Kernel = void (*)(ByteView, const hex_dump::Layout&, ByteSpan) noexcept;
 
-ByteView view(std::string_view text) { return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}; }
-
 std::string dumped(std::string_view bytes, const DumpLayout& layout, Kernel write = hex_dump::write) {
   const hex_dump::Layout seen{static_cast<std::int64_t>(layout.groupDigits),
                               static_cast<std::int64_t>(layout.lineGroups),
-                              view(layout.lineStart),
-                              view(layout.lineEnd),
-                              view(layout.spacer),
-                              view(layout.filler)};
-  const PlacedBytes in(bytes, bytes.size() % 32);
-  const PlacedBytes out(static_cast<std::size_t>(hex_dump::size(std::ssize(bytes), seen)), bytes.size() % 31);
-  write(in.span(), seen, out.span());
-  CHECK(out.marginsIntact());
-  return out.text();
+                              viewOf(layout.lineStart),
+                              viewOf(layout.lineEnd),
+                              viewOf(layout.spacer),
+                              viewOf(layout.filler)};
+  const auto size = static_cast<std::size_t>(hex_dump::size(std::ssize(bytes), seen));
+  return written([&](ByteView in, ByteSpan out) { write(in, seen, out); }, bytes, size, bytes.size() % 997);
 }
 
 struct Case {

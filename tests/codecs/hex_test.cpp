@@ -15,20 +15,12 @@ namespace {
 
 using Kernel = void (*)(ByteView, ByteSpan) noexcept;
 
-std::string result(Kernel kernel, std::string_view input, std::int64_t size, std::size_t offset) {
-  const PlacedBytes in(input, offset % 32);
-  const PlacedBytes out(static_cast<std::size_t>(size), offset / 32);
-  kernel(in.span(), out.span());
-  CHECK(out.marginsIntact());
-  return out.text();
-}
-
 std::string encoded(std::string_view bytes, Kernel kernel = hex::encode, std::size_t offset = 0) {
-  return result(kernel, bytes, hex::encodedSize(std::ssize(bytes)), offset);
+  return written(kernel, bytes, static_cast<std::size_t>(hex::encodedSize(std::ssize(bytes))), offset);
 }
 
 std::string decoded(std::string_view digits, Kernel kernel = hex::decode, std::size_t offset = 0) {
-  return result(kernel, digits, hex::decodedSize(std::ssize(digits)), offset);
+  return written(kernel, digits, static_cast<std::size_t>(hex::decodedSize(std::ssize(digits))), offset);
 }
 
 constexpr Example kEncoding[] = {

@@ -32,23 +32,15 @@ struct EncodingCase {
 
 constexpr EncodingCase kEncoding[] = {
     {"nothing", "", 72, ""},
-    {"an equals sign", "a=b", 72, "a=3Db"},
-    {"a byte beyond ASCII", "\xE9", 72, "=E9"},
-    {"a blank within a line", "a b", 72, "a b"},
     {"a blank before a line break", "a \r\nb", 72, "a=20\r\nb=\r\n"},
     {"a tab before a line break, after another blank", "a \t\nb\n", 72, "a =09\r\nb\r\n"},
     {"a blank at the end", "a ", 72, "a "},
     {"a blank alone in the last line", "a\n ", 72, "a\r\n =\r\n"},
-    {"a line break at the end", "abc\r\n", 72, "abc\r\n"},
-    {"no line break", "abc", 72, "abc"},
-    {"two line feeds", "x\n\ny", 72, "x\r\n\r\ny=\r\n"},
-    {"two carriage returns", "x\r\ry", 72, "x\r\n\r\ny=\r\n"},
     {"line breaks of every form", "a\n\rb\r\nc\rd\ne", 72, "a\r\nb\r\nc\r\nd\r\ne=\r\n"},
     {"control characters", "\x01\x7F\t!", 72, "=01=7F\t!"},
     {"limit 10: eight characters a line", "abcdefghijk", 10, "abcdefgh=\r\nijk"},
     {"limit 10: an escape that would be cut", "abcdef=g", 10, "abcdef=\r\n=3Dg"},
     {"limit 2: a break before every character", "AB", 2, "=\r\nA=\r\nB"},
-    {"limit 3: one character a line", "AB", 3, "A=\r\nB"},
     {"limit 4: a break before every escape", "=\n=A", 4, "=\r\n=3D\r\n=\r\n=3D=\r\nA=\r\n"},
     {"limit 5: one escape a line", "==", 5, "=3D=\r\n=3D"},
 };
@@ -56,21 +48,14 @@ constexpr EncodingCase kEncoding[] = {
 constexpr Example kDecoding[] = {
     {"nothing", "", ""},
     {"an escape", "a=3Db", "a=b"},
-    {"lower-case digits", "=e9", "\xE9"},
-    {"a soft break", "ab=\r\ncd", "abcd"},
     {"soft breaks of every form", "a=\nb=\rc=\n\rd", "abcd"},
-    {"a soft break before an empty line", "a=\r\n\r\nb", "a\nb"},
-    {"blanks before a soft break", "ab= \t\r\ncd", "abcd"},
     {"something after blanks", "ab= x\r\ncd", "abcd"},
     {"something after blanks, up to the end", "ab= x=41", "ab"},
     {"hard breaks of every form", "a\r\nb\n\rc\rd\ne", "a\nb\nc\nd\ne"},
     {"no first digit", "a=G1b", "ab"},
-    {"no second digit", "a=4Gb", "ab"},
     {"a line feed as second digit", "a=4\nb", "ab"},
     {"an equals sign as first digit", "a==41b", "a1b"},
     {"cut after the equals sign", "a=", "a"},
-    {"cut after the first digit", "a=4", "a"},
-    {"bytes beyond ASCII", "\xE9\x80", "\xE9\x80"},
 };
 
 constexpr std::int32_t kLineLimits[] = {0,  1,  2,  3,  4,  5,   6,   7,
@@ -126,7 +111,7 @@ TEST_CASE("quoted-printable encoding: examples") {
 
 TEST_CASE("quoted-printable encoding agrees with the naive twin") {
   RandomBytes random(34);
-  for (std::size_t length = 0; length <= 330; length += 1 + length / 24) {
+  for (std::size_t length = 0; length <= 2000; length += 1 + length / 20) {
     for (const std::string_view alphabet : kAlphabets) {
       const std::string bytes = random.of(alphabet, length);
       for (const std::int32_t limit : kLineLimits) {
@@ -135,16 +120,6 @@ TEST_CASE("quoted-printable encoding agrees with the naive twin") {
         CAPTURE(limit);
         CHECK(encoded(bytes, limit, random.below(32)) == reference::quotedPrintableEncoded(bytes, limit));
       }
-    }
-  }
-}
-
-TEST_CASE("quoted-printable encoding of long input") {
-  RandomBytes random(342);
-  for (const std::string_view alphabet : kAlphabets) {
-    const std::string bytes = random.of(alphabet, 20'000);
-    for (const std::int32_t limit : {2, 5, 76, 998}) {
-      CHECK(encoded(bytes, limit) == reference::quotedPrintableEncoded(bytes, limit));
     }
   }
 }
@@ -183,14 +158,5 @@ TEST_CASE("quoted-printable decoding: every text of five characters around the e
     for (unsigned i = 0, rest = choice; i < 5; ++i, rest /= 6) text[29 + i] = kCharacters[rest % 6];
     const std::string expected = reference::quotedPrintableDecoded(text);
     IN_EVERY_FORM(quoted_printable, REQUIRE(shortened(form::decode, text) == expected));
-  }
-}
-
-TEST_CASE("quoted-printable: decoding undoes encoding, up to the form of line breaks") {
-  RandomBytes random(344);
-  for (std::size_t length = 0; length <= 400; length += 7) {
-    std::string bytes = random(length);
-    std::ranges::replace(bytes, '\r', 'r');
-    for (const std::int32_t limit : kLineLimits) CHECK(decoded(encoded(bytes, limit)) == bytes);
   }
 }

@@ -17,9 +17,9 @@ namespace fs = std::filesystem;
 
 const fs::path kRoot = SOURCE_FOLDER;
 
-Page pageIn(const fs::path& path) {
+std::string contentsOf(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);
-  return readPage(std::string{std::istreambuf_iterator<char>(file), {}});
+  return {std::istreambuf_iterator<char>(file), {}};
 }
 
 /// The pages below a folder, by their path from the root of the sources.
@@ -27,7 +27,7 @@ std::map<std::string, Page> pagesBelow(const char* folder) {
   std::map<std::string, Page> pages;
   for (const auto& entry : fs::recursive_directory_iterator(kRoot / folder)) {
     if (entry.path().extension() != ".md") continue;
-    pages[entry.path().lexically_relative(kRoot).generic_string()] = pageIn(entry.path());
+    pages[entry.path().lexically_relative(kRoot).generic_string()] = readPage(contentsOf(entry.path()));
   }
   return pages;
 }
@@ -37,7 +37,7 @@ TEST_CASE("every example prints what its page says") {
   fs::current_path(kRoot);
   int examples = 0;
   auto pages = pagesBelow("docs");
-  pages["README.md"] = pageIn(kRoot / "README.md");
+  pages["README.md"] = readPage(contentsOf(kRoot / "README.md"));
   for (const auto& [name, page] : pages) {
     const Replay replay = replayExamples(name, page, STRING_PLUGIN_FILE);
     examples += replay.examples;
@@ -57,10 +57,32 @@ TEST_CASE("every entry has the same parts") {
   for (const std::string& missing : missingParts(pagesBelow("docs/methods"))) FAIL_CHECK(missing);
 }
 
+TEST_CASE("an entry without one of its parts is told what it lacks") {
+  constexpr struct {
+    const char* part;
+    const char* other;
+    const char* lack;
+  } kCases[] = {
+      {"- **Limits:** ", "- ", "in its place: - **Limits:** "},
+      {"**Python:** ", "**Perl:** ", "in its place: **Python:** "},
+      {"| `0` |", "| `9` |", "a row with its default: options"},
+      {"| `s` |", "| `t` |", "a row with its default: s"},
+      {"Beyond ASCII", "In ASCII", "an example beyond ASCII"},
+      {"```php", "```sh", "an example of php"},
+      {"(s as string", "(s", "a declaration that can be read"},
+  };
+  for (const auto& c : kCases) {
+    CAPTURE(c.lack);
+    std::string page = contentsOf(kRoot / "docs" / "methods" / "markup.md");
+    page.replace(page.find(c.part), std::string(c.part).size(), c.other);
+    CHECK(missingParts({{"markup.md", readPage(page)}}) ==
+          std::vector{std::string("EncodingToHTMLZQV lacks ") + c.lack});
+  }
+}
+
 TEST_CASE("the index links every method and says what it does") {
   const auto pages = pagesBelow("docs/methods");
-  std::ifstream file(kRoot / "docs" / "methods" / "README.md", std::ios::binary);
-  const std::string index{std::istreambuf_iterator<char>(file), {}};
+  const std::string index = contentsOf(kRoot / "docs" / "methods" / "README.md");
   const standin::Session session;
   for (const standin::Method& method : session.methods()) {
     const std::string& name = method.declaration.name;

@@ -9,34 +9,25 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-constexpr const char* kLabels[] = {
-    "| Parameter | Default | Meaning |",
-    "### Facts",
-    "- **Reads:** ",
-    "- **Gives:** ",
-    "- **Empty input:** ",
-    "- **Malformed input:** ",
-    "- **Failures:** ",
-    "- **Limits:** ",
-    "- **Cost:** ",
-    "### Examples",
-    "Odd input",
-    "### Other languages",
-    "**PHP:** ",
-    "**Python:** ",
-    "**JavaScript:** ",
-};
+constexpr const char* kLabels[] = {"| Parameter | Default | Meaning |",
+                                   "### Facts",
+                                   "- **Reads:** ",
+                                   "- **Gives:** ",
+                                   "- **Empty input:** ",
+                                   "- **Malformed input:** ",
+                                   "- **Failures:** ",
+                                   "- **Limits:** ",
+                                   "- **Cost:** ",
+                                   "### Examples",
+                                   "Odd input",
+                                   "### Other languages",
+                                   "**PHP:** ",
+                                   "**Python:** ",
+                                   "**JavaScript:** "};
 
-struct Language {
-  const char* block;
-  const char* without;
-};
-
-constexpr Language kLanguages[] = {
-    {"php", "**PHP:** no near function"},
-    {"python", "**Python:** no near function"},
-    {"js", "**JavaScript:** no near function"},
-};
+/// A language's label, and the kind of its blocks.
+constexpr std::pair<const char*, const char*> kLanguages[] = {
+    {"**PHP:** ", "php"}, {"**Python:** ", "python"}, {"**JavaScript:** ", "js"}};
 
 /// A section, and what is missing in it.
 struct Section {
@@ -107,9 +98,9 @@ void checkExamples(Section& section) {
     return line.starts_with("$ ") && line.find(" " + section.name + " ") != line.npos;
   });
   section.require(calls >= 3, "three examples");
-  for (const Language& language : kLanguages) {
-    const bool isThere = section.hasLine(language.without) || !section.linesOf(language.block).empty();
-    section.require(isThere, "an example of " + std::string(language.block));
+  for (const auto& [label, kind] : kLanguages) {
+    const bool isThere = section.hasLine(label + std::string("no near function")) || !section.linesOf(kind).empty();
+    section.require(isThere, std::string("an example of ") + kind);
   }
 }
 

@@ -41,16 +41,10 @@ Outcome callWithout(const Limit& limit, std::int64_t size, std::int64_t& allocat
 
 const Limit kLimits[] = {
     {"EncodingToHexZQV", {raw("a")}, 0x3FFF'FFFF},
-    {"EncodingToURLZQV", {raw("a")}, 715'827'879},
     {"EncodingToURLZQV", {raw("a"), 1}, 715'827'879},
-    {"StringANDZQV", {raw("a"), raw("xyz")}, kMost - 5},
-    {"StringORZQV", {raw("a"), raw("xyz")}, kMost - 5},
     {"StringXORZQV", {raw("a"), raw("xyz"), -1}, kMost - 5},
     {"StringXOR2ZQV", {raw("a"), raw("xyz"), 5}, kMost - 5},
     {"ConcatBinaryStringsZQV", {raw("a"), raw("b")}, kMost - 11},
-    {"ConcatBinaryStringsZQV", {raw("a"), raw("b"), raw("c")}, kMost - 12},
-    {"ConcatBinaryStringsZQV", {raw("a"), raw("b"), raw("c"), raw("d")}, kMost - 13},
-    {"ConcatBinaryStringsZQV", {raw("a"), raw("b"), raw("c"), raw("d"), raw("e")}, kMost - 14},
     {"ConcatBinaryStringsZQV", {raw("a"), raw("b"), raw("c"), raw("d"), raw("e"), raw("f")}, kMost - 15},
     {"EncodingToISO8859ZQV", {ascii("a")}, 1'073'741'816, 1},
     {"EncodingToCP1252ZQV", {ascii("a")}, 1'073'741'816, 1},
@@ -70,7 +64,6 @@ const Limit kLimits[] = {
     {"ReplaceNonPrintableCharactersZQV", {raw("\a")}, kMost, 0},
     {"EncodingToQuotedPrintableZQV", {raw("="), INT32_MAX}, 715'827'881},
     {"DecodingFromQuotedPrintableZQV", {raw("a")}, kMost, 0},
-    {"DecodingFromHexZQV", {utf8("a")}, kMost, 0},
 };
 
 struct Report {
@@ -93,10 +86,6 @@ const Report kReports[] = {
      {stretched(raw("a"), kMost / 2 + 1), 2, 1, kNone, kNone, kNone, kNone},
      "RuntimeException",
      "The hex dump would be too long for a string."},
-    {"LevenshteinDistanceZQV",
-     {stretched(ascii("a"), 23'170), stretched(ascii("b"), 23'169)},
-     kOutOfMemory,
-     "Failed to allocate 2147488280 bytes of memory."},
     {"LevenshteinDistanceZQV",
      {stretched(ascii("a"), kMost / 4), stretched(ascii("b"), kMost / 4)},
      kOutOfMemory,
@@ -187,23 +176,17 @@ TEST_SUITE("huge" * doctest::skip()) {
   }
 
   TEST_CASE("results that would be longer are empty, and nothing is raised") {
-    struct Case {
-      const char* method;
-      std::vector<Argument> arguments;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, std::vector<Argument>> calls[] = {
         {"EncodingToHTMLZQV", {stretched(ascii("&"), 429'496'730)}},
-        {"EncodingToHTMLZQV", {stretched(ascii("&"), kMost / 4)}},
         {"EncodingToXMLZQV", {stretched(ascii("&"), kMost / 4)}},
-        {"RemoveHTMLTagsWithZQV", {stretched(utf8("<a"), kMost), utf8("abc")}},
         {"RemoveHTMLTagsWithZQV", {stretched(utf8("<a"), kMost), stretched(utf8("a"), kMost)}},
         {"EncodeEmailSubjectZQV", {stretched(utf8("\u00E9"), kMost - 1)}},
         {"EncodingToQuotedPrintableZQV", {stretched(raw("a"), kMost)}},
     };
-    for (const Case& c : cases) {
+    for (const auto& [method, arguments] : calls) {
       Session session;
-      CAPTURE(std::string(c.method));
-      checkNull(call(session, c.method, c.arguments));
+      CAPTURE(std::string(method));
+      checkNull(call(session, method, arguments));
     }
   }
 
@@ -226,15 +209,10 @@ TEST_SUITE("huge" * doctest::skip()) {
     const Text text = stretched(ascii("ab"), kMost);
     const Text other = stretched(ascii("ab"), kMost - 1);
     Session session;
-    CHECK(call(session, "StrCompBytesZQV", {text, text}).integer() == 0);
     CHECK(call(session, "StrCompBytesZQV", {other, text}).integer() == -1);
     CHECK(call(session, "StrCompCharactersZQV", {text, other}).integer() == 1);
     CHECK(call(session, "CountOccurancesZQV", {text, ascii("ab")}).integer() == kMost / 2);
-    CHECK(call(session, "CountOccurancesZQV", {text, ascii("a")}).integer() == kMost / 2 + 1);
     CHECK(call(session, "CountOccurancesZQV", {text, text}).integer() == 1);
-    CHECK(call(session, "IsASCIIStringZQV", {text}).boolean());
-    CHECK(call(session, "StringIsHTMLreadyZQV", {text}).boolean());
-    CHECK(call(session, "StringIsXMLreadyZQV", {text}).boolean());
-    CHECK(call(session, "DetectUnicodeMarkersZQV", {text}).integer() == 0);
+    for (const char* test : {"IsASCIIStringZQV", "StringIsHTMLreadyZQV"}) CHECK(call(session, test, {text}).boolean());
   }
 }

@@ -47,23 +47,6 @@ TEST_CASE("where the host refuses UTF-32, it is decoded from UTF-16") {
   }
 }
 
-TEST_CASE("null, empty and long strings") {
-  const std::string longText(2'000'000, 'x');
-  for (const double version : kVersions) {
-    CAPTURE(version);
-    Session session(Options{.version = version});
-    for (const Text& empty : {nullText(), utf8(""), raw(""), utf16(u"")}) {
-      for (const char* method : {"DecodingFromHTMLZQV", "EncodingToHexZQV", "DecodingFromHexZQV",
-                                 "EncodingToISO8859ZQV", "RemoveHTMLTagsZQV", "_yDecodeStringZQV"}) {
-        checkNull(call(session, method, {empty}));
-      }
-    }
-    checkText(call(session, "DecodingFromHTMLZQV", {utf8(longText)}), longText, kEncodingUTF8);
-    checkText(call(session, "ConcatBinaryStringsZQV", {utf8(longText), nullText(), raw("\xFF")}), longText + "\xFF",
-              kEncodingNone);
-  }
-}
-
 TEST_CASE("a form handed out without data counts as refused, and its record is given back") {
   const Outcome outcome = call(Options{.recordsWithoutData = true}, "RemoveHTMLTagsZQV", {utf8("x")});
   checkNull(outcome);

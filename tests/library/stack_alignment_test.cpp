@@ -1,5 +1,6 @@
 /// 32-bit hosts align the stack to 4 bytes only: every entry of the plugin has to work at each such position.
 
+#include "tests/failures/calls.h"
 #include "tests/support/methods.h"
 
 using namespace testing;
@@ -40,37 +41,13 @@ namespace {
 
 constexpr int kPositions[] = {0, 4, 8, 12};
 
-Argument exampleOf(Type type) {
-  std::string text = "<b>R\xC3\xA9sum\xC3\xA9 &amp; na\xC3\xAFve=C3=A9%41\\n</b> true 0123456789 ";
-  while (text.size() < 2000) text += text;
-  switch (type) {
-    case Type::kString:
-      return utf8(text);
-    case Type::kMemoryBlock:
-      return block(text);
-    case Type::kInteger:
-      return 2;
-    case Type::kDouble:
-      return 1234.5678;
-    case Type::kBoolean:
-      return true;
-  }
-  return nullText();
-}
-
-std::vector<Argument> argumentsOf(const Declaration& declaration) {
-  std::vector<Argument> arguments;
-  for (const Parameter& parameter : declaration.parameters) arguments.push_back(exampleOf(parameter.type));
-  return arguments;
-}
-
 }  // namespace
 
 TEST_CASE("every method works wherever the stack stands") {
   Session session({.version = 2023.1});
   REQUIRE(!session.methods().empty());
   for (const Method& method : session.methods()) {
-    const std::vector<Argument> arguments = argumentsOf(method.declaration);
+    const std::vector<Argument> arguments = failures::argumentsFor(method);
     const Outcome expected = session.call(method, arguments);
     Method moved = method;
     misalignedTarget = method.entry.function.entry;

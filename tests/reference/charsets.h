@@ -24,15 +24,4 @@ inline std::u16string charsetDecoded(std::string_view bytes, const CharacterTabl
   return text;
 }
 
-/// Whether a buffer that starts with 1024 bytes more than the input has can grow to hold its code units, when it grows
-/// to 1025 bytes beyond each unit that doesn't fit and requests of 2,147,483,633 bytes are refused.
-inline bool growsWithinLimit(std::int64_t byteCount) {
-  for (std::int64_t capacity = byteCount + 1024; capacity < 2 * byteCount;) {
-    const std::int64_t position = capacity / 2 * 2;
-    capacity = position + 1025;
-    if (capacity >= 2'147'483'633) return false;
-  }
-  return true;
-}
-
 }  // namespace reference

@@ -4,17 +4,18 @@
 #include <string>
 #include <string_view>
 
+#include "tests/reference/hex.h"
+
 namespace reference {
 
 inline std::string encodedWord(std::string_view text) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string word = "=?utf-8?Q?";
   for (const char character : text) {
     const auto byte = static_cast<unsigned char>(character);
     if (character == ' ') {
       word += '_';
     } else if (character == '=' || character == '_' || byte >= 0x80) {
-      word += {'=', kDigits[byte / 16], kDigits[byte % 16]};
+      word += '=' + hexEncoded({&character, 1});
     } else {
       word += character;
     }

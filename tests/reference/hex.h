@@ -19,10 +19,11 @@ inline std::string hexEncoded(std::string_view bytes) {
   return digits;
 }
 
+inline bool isHexDigit(char character) { return std::isxdigit(static_cast<unsigned char>(character)) != 0; }
+
 inline int hexValue(char character) {
   const char digit[] = {character, '\0'};
-  return std::isxdigit(static_cast<unsigned char>(character)) != 0 ? static_cast<int>(std::strtol(digit, nullptr, 16))
-                                                                   : 0;
+  return isHexDigit(character) ? static_cast<int>(std::strtol(digit, nullptr, 16)) : 0;
 }
 
 inline std::string hexDecoded(std::string_view digits) {

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "tests/reference/hex.h"
+
 namespace reference {
 
 struct DumpLayout {
@@ -16,11 +18,7 @@ struct DumpLayout {
 };
 
 inline std::string hexDump(std::string_view bytes, const DumpLayout& layout) {
-  std::string digits;
-  for (const char byte : bytes) {
-    digits += "0123456789ABCDEF"[static_cast<unsigned char>(byte) / 16];
-    digits += "0123456789ABCDEF"[static_cast<unsigned char>(byte) % 16];
-  }
+  std::string digits = hexEncoded(bytes);
   const std::string filler = layout.filler.empty() ? "0" : layout.filler;
   for (std::size_t r = 0; digits.size() % (layout.groupDigits * layout.lineGroups) != 0; ++r) {
     digits += filler[r % filler.size()];

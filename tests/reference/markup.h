@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
 #include <string>
 #include <string_view>
 
@@ -30,18 +29,14 @@ inline char32_t characterNamed(std::u32string_view name) {
   return 0;
 }
 
-inline bool needsHtmlEncoding(std::u32string_view text) {
-  for (const char32_t c : text.substr(0, text.find(U'\0'))) {
-    if (isMarkup(c) || c > 0x7F) return true;
-  }
-  return false;
+inline bool needsXmlEncoding(std::u32string_view text) {
+  text = text.substr(0, text.find(U'\0'));
+  return std::any_of(text.begin(), text.end(), isMarkup);
 }
 
-inline bool needsXmlEncoding(std::u32string_view text) {
-  for (const char32_t c : text.substr(0, text.find(U'\0'))) {
-    if (isMarkup(c)) return true;
-  }
-  return false;
+inline bool needsHtmlEncoding(std::u32string_view text) {
+  text = text.substr(0, text.find(U'\0'));
+  return std::any_of(text.begin(), text.end(), [](char32_t c) { return isMarkup(c) || c > 0x7F; });
 }
 
 inline std::string htmlEncoded(std::u32string_view text, bool keepMarkup) {
@@ -53,9 +48,7 @@ inline std::string htmlEncoded(std::u32string_view text, bool keepMarkup) {
     } else if (entity != nullptr && !(keepMarkup && c < 0x80)) {
       html += std::string("&") + entity->name + ";";
     } else if (c >= 0x80) {
-      char reference[20];
-      std::snprintf(reference, sizeof reference, "&#%d;", static_cast<std::int32_t>(c));
-      html += reference;
+      html += "&#" + std::to_string(static_cast<std::int32_t>(c)) + ";";
     } else if (!isDropped(c)) {
       html += static_cast<char>(c);
     }
@@ -112,11 +105,8 @@ inline std::u32string entitiesDecoded(std::u32string_view text) {
 }
 
 inline bool isReady(std::string_view bytes) {
-  for (const char byte : bytes) {
-    const auto unit = static_cast<unsigned char>(byte);
-    if (unit == 0 || unit >= 0x80 || isMarkup(unit)) return false;
-  }
-  return true;
+  return std::all_of(bytes.begin(), bytes.end(),
+                     [](unsigned char unit) { return unit != 0 && unit < 0x80 && !isMarkup(unit); });
 }
 
 inline std::string withoutTags(std::string_view text, std::string_view replacement = {}) {

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "tests/reference/hex.h"
+
 namespace reference {
 
 namespace detail {
@@ -15,13 +17,6 @@ inline bool isBreak(char c) { return c == '\r' || c == '\n'; }
 inline void skipBreak(std::string_view text, std::size_t& i) {
   const char first = text[i++];
   if (i < text.size() && isBreak(text[i]) && text[i] != first) ++i;
-}
-
-inline int digit(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  return -1;
 }
 
 /// One line after the other, each character on the line where it still fits.
@@ -36,11 +31,7 @@ struct LineWriter {
     text += characters;
     column += length;
   }
-  void escape(char c) {
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    const auto byte = static_cast<unsigned char>(c);
-    write(std::string{'=', kDigits[byte / 16], kDigits[byte % 16]});
-  }
+  void escape(char c) { write("=" + hexEncoded({&c, 1})); }
   void softBreak() {
     text += '=';
     lineBreak();
@@ -101,9 +92,8 @@ inline std::string quotedPrintableDecoded(std::string_view text) {
       while (i < text.size() && !detail::isBreak(text[i])) ++i;
       if (i < text.size()) detail::skipBreak(text, i);
     } else {
-      const int high = detail::digit(text[i]);
-      const int low = i + 1 < text.size() ? detail::digit(text[i + 1]) : -1;
-      if (high >= 0 && low >= 0) bytes += static_cast<char>(high * 16 + low);
+      const std::string_view digits = text.substr(i, 2);
+      if (digits.size() == 2 && isHexDigit(digits[0]) && isHexDigit(digits[1])) bytes += hexDecoded(digits);
       i += 2;
     }
   }

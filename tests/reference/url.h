@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cctype>
-#include <cstdio>
 #include <string>
 #include <string_view>
 
@@ -21,9 +20,7 @@ inline std::string urlEncoded(std::string_view bytes, int options) {
     } else if (byte == ' ' && options == 1) {
       text += '+';
     } else {
-      char escape[4];
-      std::snprintf(escape, sizeof escape, "%%%02X", static_cast<unsigned>(value));
-      text += escape;
+      text += '%' + hexEncoded({&byte, 1});
     }
   }
   return text;

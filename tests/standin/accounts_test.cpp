@@ -1,8 +1,6 @@
 /// The host's accounts and settings, shown on a plugin that breaks the rules.
-#include <atomic>
 #include <csignal>
 #include <doctest/doctest.h>
-#include <thread>
 
 #include "tests/support/methods.h"
 #include "tests/support/skipped.h"
@@ -120,24 +118,6 @@ TEST_CASE("missing arguments take their defaults, and what doesn't fit is refuse
   CHECK_THROWS_AS(session.call("showsArguments", {utf8("1")}), std::invalid_argument);
   CHECK_THROWS_AS(session.call("unheardOf", {}), std::invalid_argument);
   CHECK_THROWS_AS(Session("no such file"), std::runtime_error);
-}
-
-TEST_CASE("threads share a session, each with accounts of its own") {
-  Session session;
-  std::vector<std::thread> threads;
-  std::atomic<int> wrong{0};
-  for (int thread = 0; thread < 4; ++thread) {
-    threads.emplace_back([&, thread] {
-      const std::string bytes(static_cast<std::size_t>(thread + 1), 'x');
-      for (int round = 0; round < 200; ++round) {
-        const Outcome outcome = session.call("NativeStringZQV", {utf8(bytes)});
-        if (outcome.text() != utf8(bytes) || !outcome.balanced || outcome.services.size() != 1) ++wrong;
-      }
-    });
-  }
-  for (std::thread& thread : threads) thread.join();
-  CHECK(wrong == 0);
-  CHECK(session.host().alive() == 0);
 }
 
 #ifdef HAS_FORK

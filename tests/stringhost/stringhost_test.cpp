@@ -10,6 +10,7 @@
 #include <fstream>
 #include <istream>
 #include <new>
+#include <nlohmann/json.hpp>
 #include <sstream>
 #include <streambuf>
 
@@ -84,13 +85,9 @@ TEST_CASE("wrong usage is one line, a hint where there is one, and status 2") {
       {{"call"}, "call needs the name of a method", "stringhost list shows them"},
       {{"call", "half", "--outptu", "hex"}, "no such option: --outptu", "did you mean --output?"},
       {{"--versio"}, "no such option: --versio", "did you mean --version?"},
-      {{"call", "--repeet", "3"}, "no such option: --repeet", "did you mean --repeat?"},
-      {{"explain", "half", "a", "b", "--repeat", "3"},
-       "explain has no option --repeat",
-       "stringhost explain --help shows them"},
+      {{"explain", "half", "--repeat", "3"}, "explain has no option --repeat", "stringhost explain --help shows them"},
       {{"list", "--outptu"}, "no such option: --outptu", "stringhost list --help shows them"},
       {{"--json", "list"}, "--json goes after list", ""},
-      {{"call", "half", "-- x"}, "no such option: -- x", "stringhost call --help shows them"},
       {{"call", "half", "--output"}, "--output needs a value", "stringhost call --help says more"},
       {{"help", ""}, "no such method: ''", "stringhost list shows all"},
       {{"call", "half", "--output", "hexx"}, "no such form of output: hexx", "did you mean hex?"},
@@ -103,40 +100,30 @@ TEST_CASE("wrong usage is one line, a hint where there is one, and status 2") {
       {{"call", "half", "--host-version", "new"},
        "--host-version: 'new' is no version of the host (0 to 1000000)",
        "stringhost call --help says more"},
-      {{"call", "half", "--repeat", "0"},
-       "--repeat: '0' is no number of calls (1 to 1000000000)",
-       "stringhost call --help says more"},
-      {{"call", "half", "--without", ""}, "no such service: ''", ""},
       {{"--plugin", "", "list"}, "--plugin: the name of the file is empty", ""},
       {{"call", "halve", "a", "b"}, "no such method: halve", "did you mean half?"},
       {{"call", "entirelyElse"}, "no such method: entirelyElse", "stringhost list shows all"},
       {{"call", "\x1B[31m\u009B\u202E\n"},
        R"(no such method: \u001B[31m\u009B\u202E\u000A)",
        "stringhost list shows all"},
-      {{"call", ""}, "no such method: ''", "stringhost list shows all"},
       {{"call", std::string(183, 'x') + "\u00E9" + std::string(999, 'y')},
        "no such method: " + std::string(183, 'x') + "\u2026" + std::string(100, 'y'),
        "stringhost list shows all"},
-      {{"call", "half", "a"}, "half takes 2 arguments, not 1", "stringhost help half says which"},
       {{"call", "showsArguments", "1", "true", "x"},
        "showsArguments takes 0 to 2 arguments, not 3",
        "stringhost help showsArguments says which"},
       {{"call", "showsArguments", "x"}, "'x' is not an integer of 32 bits, as number has to be", ""},
       {{"call", "showsArguments", "2147483648"}, "'2147483648' is out of range for number, an integer of 32 bits", ""},
       {{"call", "showsArguments", "1", "maybe"}, "'maybe' is not true or false, as flag has to be", ""},
-      {{"call", "isNegative", "1.5x"}, "'1.5x' is not a double, as d has to be", ""},
       {{"call", "isNegative", "1e309"}, "'1e309' is out of range for d, a double", ""},
       {{"call", "isNull", "hex:4G"}, "hex:4G: 'G' is no hex digit", ""},
       {{"call", "isNull", "hex:414"}, "hex:414: two hex digits make a byte, one is missing", ""},
       {{"call", "isNull", "@no such file"}, "no such file: cannot be read: No such file or directory", ""},
-      {{"call", "isNull", "@"}, "@: the name of the file is empty", ""},
       {{"call", "isNull", "@."}, ".: is a directory", ""},
       {{"call", "half", "-", "-"}, "standard input can be read once; only one argument can be -", ""},
       {{"list", "a", "b"}, "one argument too many: b", ""},
-      {{"list", "unheard"}, "no method matches: unheard", "stringhost list shows all"},
       {{"list", "halve"}, "no method matches: halve", "did you mean half?"},
       {{"list", "--plugin", "nowhere.so"}, "nowhere.so: no such file", ""},
-      {{"list", "--plugin", "."}, ".: is a directory", ""},
       {{"list", "--plugin", kNoLibrary}, kNoLibrary + ": is no library for this platform"s, ""},
       {{"list", "--plugin", kHalf}, kHalf + ": is cut short: its headers speak of more than its 4000 bytes"s, ""},
       {{"list", "--plugin", kAlmost},
@@ -159,14 +146,9 @@ TEST_CASE("the forms of an argument") {
     std::string bytes;
   } kCases[] = {
       {"plain \u00E9", "plain \u00E9"},
-      {"[a,b]", "[a,b]"},
-      {"list", "list"},
       {"++", "++"},
       {"-5", "-5"},
-      {"-.5e3", "-.5e3"},
       {"-5 apples", "-5 apples"},
-      {"-.x", "-.x"},
-      {"-inf", "-inf"},
       {"hex:c3A9", "\u00E9"},
       {"hex:", ""},
       {"text:@x", "@x"},
@@ -203,18 +185,18 @@ TEST_CASE("text is converted to the encoding, bytes are marked with it") {
   };
   CHECK(shown("utf-8", "\u00E9") == json("\"\u00E9\"", "C3A9", "utf-8"));
   CHECK(shown("utf-16", "\u00E9") == json("\"\u00E9\"", "E900", "utf-16"));
-  CHECK(shown("utf-32", "\u00E9") == json("\"\u00E9\"", "E9000000", "utf-32"));
   CHECK(shown("macroman", "\u00E9") == json("\"\u00E9\"", "8E", "macroman"));
-  CHECK(shown("windows-1252", "\u00E9") == json("\"\u00E9\"", "E9", "windows-1252"));
   CHECK(shown("ascii", "\u00E9") == json("\"?\"", "3F", "ascii"));
   CHECK(shown("none", "\u00E9") == json("\"\u00E9\"", "C3A9", "none"));
   CHECK(shown("macroman", "hex:8E") == json("\"\u00E9\"", "8E", "macroman"));
   CHECK(shown("ascii", "hex:C3A9") == json("\"\u00E9\"", "C3A9", "ascii"));
-  CHECK(shown("ascii", "hex:FF") == json("null", "FF", "ascii"));
   CHECK(shown("utf-8", "hex:FF") == json("null", "FF", "utf-8"));
 }
 
 TEST_CASE("results of every type, into a pipe and on a terminal") {
+  constexpr char kNilAsJson[] =
+      R"({"type":"memoryblock","value":"","hex":"","null":true,"same_argument":null,"exception":null})"
+      "\n";
   const struct {
     Words words;
     std::string piped;
@@ -222,7 +204,6 @@ TEST_CASE("results of every type, into a pipe and on a terminal") {
   } kCases[] = {
       {{"call", "returnsTheArgument", "x\n"}, "x\n", "x\n\n"},
       {{"call", "returnsTheArgument", "hex:00FF"}, "\0\xFF"s, "hex:00FF\n"},
-      {{"call", "returnsTheArgument", "hex:1B5B"}, "\x1B[", "hex:1B5B\n"},
       {{"call", "returnsTheArgument", "\u009B2J"}, "\u009B2J", "hex:C29B324A\n"},
       {{"call", "returnsTheArgument", "\u202Etxt"}, "\u202Etxt", "hex:E280AE747874\n"},
       {{"call", "returnsTheArgument", "a\u00ADb"}, "a\u00ADb", "hex:61C2AD62\n"},
@@ -231,22 +212,11 @@ TEST_CASE("results of every type, into a pipe and on a terminal") {
       {{"call", "returnsTheArgument", "\u00E9", "--encoding", "utf-16"}, "\xE9\0"s, "\u00E9\n"},
       {{"call", "returnsTheArgument", "\u00E9", "--encoding", "utf-16", "--output", "raw"}, "\xE9\0"s, "\xE9\0"s},
       {{"call", "returnsTheArgument", "\u00E9", "--output", "hex"}, "C3A9", "C3A9\n"},
-      {{"call", "returnsTheArgument", ""}, "", ""},
-      {{"call", "returnsTheBlock", "hex:00"}, "\0"s, "hex:00\n"},
       {{"call", "returnsTheBlock", "nil"}, "", ""},
       {{"call", "half", "a", "b"}, "0.5", "0.5\n"},
-      {{"call", "half", "a", "b", "--output", "hex"}, "0.5", "0.5\n"},
       {{"call", "isNull", ""}, "true", "true\n"},
-      {{"call", "isNull", "x"}, "false", "false\n"},
       {{"call", "isAtOddAddress", "x"}, "0", "0\n"},
-      {{"call", "isNull", "x", "--output", "json"},
-       "{\"type\":\"boolean\",\"value\":false,\"exception\":null}\n",
-       "{\"type\":\"boolean\",\"value\":false,\"exception\":null}\n"},
-      {{"call", "returnsTheBlock", "nil", "--output", "json"},
-       "{\"type\":\"memoryblock\",\"value\":\"\",\"hex\":\"\",\"null\":true,\"same_argument\":null,\"exception\":null}"
-       "\n",
-       "{\"type\":\"memoryblock\",\"value\":\"\",\"hex\":\"\",\"null\":true,\"same_argument\":null,\"exception\":null}"
-       "\n"},
+      {{"call", "returnsTheBlock", "nil", "--output", "json"}, kNilAsJson, kNilAsJson},
   };
   for (const auto& c : kCases) {
     CAPTURE(c.words[2]);
@@ -294,7 +264,6 @@ TEST_CASE("a call is repeated as often as asked, and timed") {
   CHECK(result.out == "100");
   CHECK(result.err.find("100 calls, ") == 0);
   CHECK(result.err.find(" ns each \u00B1 ") != std::string::npos);
-  CHECK(ran({"call", "counts", "x"}).err == "");
   CHECK(ran({"call", "counts", "x", "--repeat", "1"}).err.find("1 call, ") == 0);
   CHECK(ran({"call", "counts", "x", "--repeat", "9", "--json"}).out.find(R"("timing":{"calls":9,"mean_ns":)") !=
         std::string::npos);
@@ -335,14 +304,11 @@ TEST_CASE("help shows the reference") {
   CHECK(told.status == kDone);
   CHECK(told.out.starts_with("EncodingToHexZQV\n\n    EncodingToHexZQV(s as string) as string\n\nWrites the bytes"));
   CHECK(told.out.find('`') == std::string::npos);
-  CHECK(told.out.find("```") == std::string::npos);
   CHECK(told.out.find("\n    $ stringhost call EncodingToHexZQV") != std::string::npos);
   CHECK(told.out.find("\n- Reads: bytes.") != std::string::npos);
   const std::string json = ran({"help", "--json", "_yDecodeStringZQV"}).out;
   CHECK(json.starts_with(R"({"name":"_yDecodeStringZQV","declarations":["_yDecodeStringZQV(data as string)"));
   CHECK(ran({"help", "--json"}).out.find("," + json.substr(0, json.size() - 1)) != std::string::npos);
-  CHECK(ran({"help", "EncodingToHexZQ"}).err ==
-        "stringhost: no such method: EncodingToHexZQ\ndid you mean EncodingToHexZQV?\n");
   CHECK(ran({"help"}).out == ran({"--help"}).out);
   CHECK(ran({"help", "call"}).out == ran({"call", "--help"}).out);
   const standin::Session session;
@@ -468,38 +434,19 @@ TEST_CASE("list shows what was registered") {
   CHECK(ran({"list", "half"}).out == "half(a as string, b as string) as double\n");
   CHECK(ran({"list", "IS*L"}).out == "isNull(s as string) as boolean\n");
   CHECK(ran({"list", "h?lf"}).out == ran({"list", "half"}).out);
-  CHECK(ran({"list", "--json", "showsArguments"}).out == R"([
-  {
-    "name": "showsArguments",
-    "declaration": "showsArguments(number as integer=-3, flag as boolean = true) as string",
-    "parameters": [
-      {
-        "name": "number",
-        "type": "integer",
-        "default": "-3"
-      },
-      {
-        "name": "flag",
-        "type": "boolean",
-        "default": "true"
-      }
-    ],
-    "result": "string"
-  }
-]
-)");
+  CHECK(nlohmann::ordered_json::parse(ran({"list", "--json", "showsArguments"}).out).dump() ==
+        R"([{"name":"showsArguments",)"
+        R"("declaration":"showsArguments(number as integer=-3, flag as boolean = true) as string",)"
+        R"("parameters":[{"name":"number","type":"integer","default":"-3"},)"
+        R"({"name":"flag","type":"boolean","default":"true"}],"result":"string"}])");
   const std::string all = ranOnBuilt({"list"}).out;
   CHECK(std::count(all.begin(), all.end(), '\n') == 50);
 }
 
 TEST_CASE("help and version") {
   CHECK(ran({"--version"}).out == "stringhost " STRINGHOST_VERSION "\n");
-  for (const Words& words : {Words{"--help"},
-                             {"list", "--help"},
-                             {"explain", "--help"},
-                             {"call", "-h"},
-                             {"call", "half", "--help"},
-                             {"tour", "--help"}}) {
+  for (const Words& words :
+       {Words{"--help"}, {"list", "--help"}, {"explain", "--help"}, {"call", "half", "--help"}, {"tour", "--help"}}) {
     const Run result = ran(words);
     CHECK(result.out.find("Usage: stringhost") != std::string::npos);
     CHECK(result.err == "");
@@ -541,14 +488,11 @@ TEST_CASE("the nearest name") {
       {"EncodingToUrlZQC", "EncodingToURLZQV"},
       {"yDecodeString", "_yDecodeStringZQV"},
       {"CountOccurrences", "CountOccurancesZQV"},
-      {"EncodeURL", "EncodingToURLZQV"},
       {"HTMLEncode", "EncodingToHTMLZQV"},
       {"DecodeUrl", "DecodingFromURLZQV"},
       {"xor", "StringXORZQV"},
-      {"REALBuildStrin", "REALBuildString"},
       {"BuildStringWith", "REALBuildStringWithEncoding"},
       {"banana", nullptr},
-      {"x", nullptr},
       {"", nullptr},
   };
   for (const auto& c : kCases) {

@@ -12,38 +12,19 @@ using namespace std::string_literals;
 namespace stringkernels {
 namespace {
 
-TEST_CASE("text in, text out") {
+TEST_CASE("options, and what the functions for C leave out") {
   const struct {
     const char* name;
     std::string result;
     std::string expected;
   } kCases[] = {
       {"html", encodeHtml("\uFEFF<b>5 \u20AC\x01'\U0001F600\xFF"), "&lt;b&gt;5 &euro;&#39;&#128512;&#65533;"},
-      {"html, markup kept", encodeHtml("<\u00E9>", Markup::kKeep), "<&eacute;>"},
-      {"xml", encodeXml("<\u00E9 '\x01\U0001F600"), "&lt;\u00E9 &#39;\U0001F600"},
       {"xml, names", encodeXml("'", Apostrophe::kName), "&apos;"},
-      {"references", decodeReferences("&lt;&eacute;&#128512;&#xD800;&no; & &amp"), "<\u00E9\U0001F600\uFFFD&no; & &"},
-      {"tags", removeTags("a<b>c</b\0>d"s), "acd"},
       {"tags replaced", replaceTags("a<bc>d", "-\0no"s), "a--d"},
       {"tags, no replacement", replaceTags("a<bc>d", "\0"s), "ad"},
-      {"hex", encodeHex("\xC3\0"s), "C300"},
-      {"from hex", decodeHex("4a4Bzz4"), "JK\0"s},
-      {"url", encodeUrl("a b+\u00E9"), "a%20b+%C3%A9"},
-      {"url, form", encodeUrl("a b+", Plus::kSpace), "a+b%2B"},
       {"url, plus escaped", encodeUrl("a b+", Plus::kEscaped), "a%20b%2B"},
-      {"from url", decodeUrl("a+b%4A%4"), "a+bJ@"},
-      {"from url, form", decodeUrl("a+b", Plus::kSpace), "a b"},
-      {"quoted-printable", encodeQuotedPrintable("\u00E9=\n"), "=C3=A9=3D\r\n"},
       {"quoted-printable, short lines", encodeQuotedPrintable("abcdef", 4), "ab=\r\ncd=\r\nef"},
-      {"from quoted-printable", decodeQuotedPrintable("=C3=A9=\r\n=zz."), "\u00E9."},
-      {"subject", encodeEmailSubject("Gr\u00FC\u00DFe _"), "=?utf-8?Q?Gr=C3=BC=C3=9Fe_=5F?="},
       {"plain subject", encodeEmailSubject("plain = ?"), "plain = ?"},
-      {"yenc", decodeYenc("\x6B=\xAC="), "AB\x96"},
-      {"mysql", decodeMySql(R"(a\n\x\')"), "a\n\\x'"},
-      {"to Latin 1", encodeCharset("\u00E9\u20AC\U0001F600!", Charset::kLatin1), "\xE9!"},
-      {"to Windows-1252", encodeCharset("\u00E9\u20AC!", Charset::kWindows1252), "\xE9\x80!"},
-      {"from Latin 1", decodeCharset("\xE9\x80", Charset::kLatin1), "\u00E9\u0080"},
-      {"from Windows-1252", decodeCharset("\x80\x81", Charset::kWindows1252), "\u20AC\0"s},
       {"and", combine(BitOperation::kAnd, "\xFF\xFF\xFF", "\x0F\xF0"), "\x0F\xF0\x0F"},
       {"or", combine(BitOperation::kOr, "\x01\x02", "\x10"), "\x11\x12"},
       {"xor", combine(BitOperation::kXor, "AB", " 0", -1), "qb"},
@@ -52,7 +33,6 @@ TEST_CASE("text in, text out") {
       {"unprintable", replaceUnprintable("a\n\xFF", '_'), "a__"},
       {"hex dump", hexDump("AB", {.groupDigits = 2, .lineGroups = 3}), "41 42   \n"},
       {"hex dump of no width", hexDump("AB", {.groupDigits = 0}), ""},
-      {"sql", replaceSqlBooleans("a=1 and True or 'false'"), "a=1 and 1 or 'false'"},
       {"fixed", formatFixed(1234.5), "1234.50"},
       {"scientific", formatScientific(1250, 2), "1.25e+03"},
   };
@@ -95,7 +75,7 @@ TEST_CASE("what is too long is refused") {
   }
 }
 
-TEST_CASE("the functions for C give the same, and statuses for exceptions") {
+TEST_CASE("text in, text out, by way of the functions for C, which have statuses for exceptions") {
   const struct {
     stringkernels_transformation transformation;
     std::string bytes;
@@ -103,27 +83,27 @@ TEST_CASE("the functions for C give the same, and statuses for exceptions") {
   } kCases[] = {
       {STRINGKERNELS_ENCODE_HTML, "<\u00E9>", "&lt;&eacute;&gt;"},
       {STRINGKERNELS_ENCODE_HTML_KEEPING_MARKUP, "<\u00E9>", "<&eacute;>"},
-      {STRINGKERNELS_ENCODE_XML, "<'", "&lt;&#39;"},
-      {STRINGKERNELS_DECODE_REFERENCES, "&lt;", "<"},
-      {STRINGKERNELS_REMOVE_TAGS, "a<b>c", "ac"},
-      {STRINGKERNELS_ENCODE_HEX, "\0A"s, "0041"},
-      {STRINGKERNELS_DECODE_HEX, "0041", "\0A"s},
-      {STRINGKERNELS_ENCODE_URL, " +", "%20+"},
+      {STRINGKERNELS_ENCODE_XML, "<\u00E9 '\x01\U0001F600", "&lt;\u00E9 &#39;\U0001F600"},
+      {STRINGKERNELS_DECODE_REFERENCES, "&lt;&eacute;&#128512;&#xD800;&no; & &amp", "<\u00E9\U0001F600\uFFFD&no; & &"},
+      {STRINGKERNELS_REMOVE_TAGS, "a<b>c</b\0>d"s, "acd"},
+      {STRINGKERNELS_ENCODE_HEX, "\xC3\0"s, "C300"},
+      {STRINGKERNELS_DECODE_HEX, "4a4Bzz4", "JK\0"s},
+      {STRINGKERNELS_ENCODE_URL, "a b+\u00E9", "a%20b+%C3%A9"},
       {STRINGKERNELS_ENCODE_URL_FORM, " +", "+%2B"},
-      {STRINGKERNELS_DECODE_URL, "+%20", "+ "},
+      {STRINGKERNELS_DECODE_URL, "a+b%4A%4", "a+bJ@"},
       {STRINGKERNELS_DECODE_URL_FORM, "+%20", "  "},
-      {STRINGKERNELS_ENCODE_QUOTED_PRINTABLE, "=", "=3D"},
-      {STRINGKERNELS_DECODE_QUOTED_PRINTABLE, "=3D", "="},
-      {STRINGKERNELS_ENCODE_EMAIL_SUBJECT, "\u00E9", "=?utf-8?Q?=C3=A9?="},
-      {STRINGKERNELS_DECODE_YENC, "k", "A"},
-      {STRINGKERNELS_DECODE_MYSQL, "\\n", "\n"},
-      {STRINGKERNELS_ENCODE_LATIN1, "\u00E9\u20AC", "\xE9"},
-      {STRINGKERNELS_DECODE_LATIN1, "\xE9", "\u00E9"},
-      {STRINGKERNELS_ENCODE_WINDOWS_1252, "\u20AC", "\x80"},
-      {STRINGKERNELS_DECODE_WINDOWS_1252, "\x80", "\u20AC"},
+      {STRINGKERNELS_ENCODE_QUOTED_PRINTABLE, "\u00E9=\n", "=C3=A9=3D\r\n"},
+      {STRINGKERNELS_DECODE_QUOTED_PRINTABLE, "=C3=A9=\r\n=zz.", "\u00E9."},
+      {STRINGKERNELS_ENCODE_EMAIL_SUBJECT, "\u00FC _", "=?utf-8?Q?=C3=BC_=5F?="},
+      {STRINGKERNELS_DECODE_YENC, "\x6B=\xAC=", "AB\x96"},
+      {STRINGKERNELS_DECODE_MYSQL, R"(a\n\x\')", "a\n\\x'"},
+      {STRINGKERNELS_ENCODE_LATIN1, "\u00E9\u20AC\U0001F600!", "\xE9!"},
+      {STRINGKERNELS_DECODE_LATIN1, "\xE9\x80", "\u00E9\u0080"},
+      {STRINGKERNELS_ENCODE_WINDOWS_1252, "\u00E9\u20AC!", "\xE9\x80!"},
+      {STRINGKERNELS_DECODE_WINDOWS_1252, "\x80\x81", "\u20AC\0"s},
       {STRINGKERNELS_REPLACE_UNPRINTABLE, "a\n", "a."},
       {STRINGKERNELS_HEX_DUMP, "A", hexDump("A")},
-      {STRINGKERNELS_REPLACE_SQL_BOOLEANS, "true", "1"},
+      {STRINGKERNELS_REPLACE_SQL_BOOLEANS, "a=1 and True or 'false'", "a=1 and 1 or 'false'"},
   };
   stringkernels_bytes result;
   for (const auto& c : kCases) {

@@ -3,15 +3,21 @@
 
 #include <cstddef>
 #include <cstring>
+#include <doctest/doctest.h>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 #include "memory/byte_view.h"
 
 #ifdef __has_feature
 #define PLACED_BYTES_ARE_WATCHED __has_feature(address_sanitizer)
 #endif
+
+inline ByteView viewOf(std::string_view text) {
+  return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
 
 /// Bytes that begin `offset` behind an aligned address. A sanitizer watches the byte after the last one; without a
 /// sanitizer a margin on both sides tells whether it was written to.
@@ -52,3 +58,20 @@ class PlacedBytes {
   std::size_t start_;
   std::unique_ptr<std::uint8_t[]> block_;
 };
+
+/// What a kernel writes: it is given an input and exactly this much room, at alignments that the offset chooses, and
+/// returns how much of the room it took, or nothing where it fills it.
+template <typename Kernel>
+std::string written(Kernel kernel, std::string_view input, std::size_t room, std::size_t offset = 0) {
+  const PlacedBytes in(input, offset % 32);
+  const PlacedBytes out(room, offset / 32);
+  std::size_t length = room;
+  if constexpr (std::is_void_v<std::invoke_result_t<Kernel, ByteView, ByteSpan>>) {
+    kernel(in.span(), out.span());
+  } else {
+    length = kernel(in.span(), out.span());
+  }
+  CHECK(out.marginsIntact());
+  REQUIRE(length <= room);
+  return out.text().substr(0, length);
+}
