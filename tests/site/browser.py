@@ -39,10 +39,6 @@ class Browser:
             {"width": width, "height": height, "deviceScaleFactor": 1, "mobile": size == NARROW},
         )
 
-    def theme(self, name):
-        features = [{"name": "prefers-color-scheme", "value": name}]
-        self.driver.execute_cdp_cmd("Emulation.setEmulatedMedia", {"features": features})
-
     def open(self, page):
         self.driver.get("about:blank")  # so that another fragment is another visit
         self.driver.get(f"{self.base}/{page}")
@@ -82,5 +78,3 @@ class Browser:
                 addresses.append(message["params"]["request"]["url"])
         return addresses
 
-    def picture(self, path):
-        self.driver.save_screenshot(str(path))

@@ -14,12 +14,9 @@ inline constexpr std::u32string_view kAlphabets[] = {
     U"aéÿĀ中\U0001F600\U0001F601\U0010FFFF",
 };
 
-class RandomTexts {
+class RandomTexts : public RandomBytes {
  public:
-  explicit RandomTexts(std::uint32_t seed) : random_(seed) {}
-
-  /// A number from 0 to `limit` - 1.
-  [[nodiscard]] std::size_t below(std::size_t limit) { return random_.below(limit); }
+  using RandomBytes::RandomBytes;
 
   /// Code points that each are one of `alphabet`.
   [[nodiscard]] std::u32string of(std::u32string_view alphabet, std::size_t length) {
@@ -47,7 +44,4 @@ class RandomTexts {
     }
     return text;
   }
-
- private:
-  RandomBytes random_;
 };
