@@ -8,7 +8,6 @@
 #include <iconv.h>
 #endif
 
-#include <cstring>
 #include <numeric>
 #include <utility>
 
@@ -26,14 +25,11 @@ namespace {
 using Encode = std::size_t (*)(Utf16View, const CharacterSet&, ByteSpan) noexcept;
 using Decode = void (*)(ByteView, const CharacterSet&, std::span<char16_t>) noexcept;
 
-/// Places the units at an alignment of 2, and offers exactly the given room beyond one byte for each.
 std::string encoded(std::u16string_view text, const CharacterSet& set, Encode kernel = charsets::encode,
                     std::size_t offset = 0) {
-  const std::string_view units{reinterpret_cast<const char*>(text.data()), 2 * text.size()};
-  const PlacedBytes in(units, offset % 16 * 2);
+  const PlacedUtf16 in(text, offset % 16);
   const PlacedBytes out(static_cast<std::size_t>(charsets::encodedBound(std::ssize(text))), offset / 16);
-  const auto* const start = reinterpret_cast<const char16_t*>(in.span().data());
-  const std::size_t length = kernel({start, text.size()}, set, out.span());
+  const std::size_t length = kernel(in.span(), set, out.span());
   CHECK(out.marginsIntact());
   REQUIRE(length <= text.size());
   return out.text().substr(0, length);
@@ -42,12 +38,10 @@ std::string encoded(std::u16string_view text, const CharacterSet& set, Encode ke
 std::u16string decoded(std::string_view bytes, const CharacterSet& set, Decode kernel = charsets::decode,
                        std::size_t offset = 0) {
   const PlacedBytes in(bytes, offset / 16);
-  const PlacedBytes out(2 * bytes.size(), offset % 16 * 2);
-  kernel(in.span(), set, {reinterpret_cast<char16_t*>(out.span().data()), bytes.size()});
+  const PlacedUtf16 out(bytes.size(), offset % 16);
+  kernel(in.span(), set, out.span());
   CHECK(out.marginsIntact());
-  std::u16string text(bytes.size(), u'\0');
-  if (!text.empty()) std::memcpy(text.data(), out.span().data(), out.span().size());
-  return text;
+  return out.text();
 }
 
 std::u16string everyUnit() {

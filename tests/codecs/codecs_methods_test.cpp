@@ -41,15 +41,6 @@ TEST_CASE("EncodeEmailSubjectZQV: what is the argument itself, what the null str
   }
 }
 
-TEST_CASE("EncodingToQuotedPrintableZQV: lines of 72 characters by default and for limits that make no sense") {
-  Session session;
-  const std::string run(100, 'a');
-  const std::string folded = run.substr(0, 70) + "=\r\n" + run.substr(70);
-  checkText(call(session, "EncodingToQuotedPrintableZQV", {ascii(run)}), folded, kEncodingASCII);
-  checkText(call(session, "EncodingToQuotedPrintableZQV", {ascii(run), INT32_MIN}), folded, kEncodingASCII);
-  checkText(call(session, "EncodingToQuotedPrintableZQV", {ascii(run), INT32_MAX}), run, kEncodingASCII);
-}
-
 TEST_CASE("_yDecodeMemoryZQV: nil without an exception, or with one when the result can't be made") {
   CHECK(call(Options{}, kMemory, {block(kHello)}).block() == block("Hello"));
   checkNil({}, nilBlock());

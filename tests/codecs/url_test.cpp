@@ -37,24 +37,18 @@ struct Case {
 };
 
 constexpr Case kEncoding[] = {
-    {"nothing", 0, "", ""},
     {"spaces and plus signs", 0, "a b+c", "a%20b+c"},
     {"spaces as plus signs", 1, "a b+c", "a+b%2Bc"},
     {"plus signs escaped", 2, "a b+c", "a%20b%2Bc"},
     {"both bits are as none", 3, "a b+c", "a%20b+c"},
     {"higher bits don't count", -3, "a b+c", "a+b%2Bc"},
-    {"a tilde", 0, "~", "%7E"},
     {"what is not escaped", 0, "!*-.@_azAZ09", "!*-.@_azAZ09"},
-    {"upper-case digits", 0, "\xC3\xA9", "%C3%A9"},
     {"neighbours of what is not escaped", 0, "/:?[`{\0\x7F"sv, "%2F%3A%3F%5B%60%7B%00%7F"},
 };
 
 constexpr Case kDecoding[] = {
-    {"nothing", 0, "", ""},
-    {"a plus sign stays", 0, "a+b%20c", "a+b c"},
     {"a plus sign stays", 2, "a+b%20c", "a+b c"},
     {"a plus sign is a space", 1, "a+b%20c", "a b c"},
-    {"a plus sign is a space", 3, "a+b%20c", "a b c"},
     {"an escaped plus sign is one", 1, "%2B+", "+ "},
     {"digits of both cases", 0, "%41%62%e9%E9%4g", "Ab\xE9\xE9\x40"},
     {"characters that are no digits", 0, "%zz%G1", "\0\x01"sv},
@@ -62,7 +56,6 @@ constexpr Case kDecoding[] = {
      "\x04"
      "1"},
     {"a plus sign as a digit", 1, "%+1%1+", "\x01\x10"},
-    {"no digits at the end", 0, "a%", "a\0"sv},
     {"one digit at the end", 0, "a%4", "a@"},
 };
 

@@ -69,30 +69,23 @@ const Limit kLimits[] = {
 struct Report {
   const char* method;
   std::vector<Argument> arguments;
-  std::string_view className;
-  const char* message;
+  std::string_view message;
 };
 
 const Text kNone = raw("");
-constexpr std::string_view kOutOfMemory = "OutOfMemoryException";
+constexpr std::string_view kRefused = "Failed to allocate";
 
 /// What is reported before memory is asked for, and what when it is refused.
 const Report kReports[] = {
-    {"HexstringZQV",
-     {stretched(raw("a"), kMost / 2), 2, 1, kNone, kNone, kNone, kNone},
-     kOutOfMemory,
-     "Failed to allocate memory."},
+    {"HexstringZQV", {stretched(raw("a"), kMost / 2), 2, 1, kNone, kNone, kNone, kNone}, "Failed to allocate memory."},
     {"HexstringZQV",
      {stretched(raw("a"), kMost / 2 + 1), 2, 1, kNone, kNone, kNone, kNone},
-     "RuntimeException",
      "The hex dump would be too long for a string."},
     {"LevenshteinDistanceZQV",
      {stretched(ascii("a"), kMost / 4), stretched(ascii("b"), kMost / 4)},
-     kOutOfMemory,
      "Failed to allocate 1152921504606846976 bytes of memory."},
     {"JaroWinklerDistanceZQV",
      {stretched(ascii("a"), kMost / 4), stretched(ascii("b"), kMost / 4 - 1)},
-     kOutOfMemory,
      "Failed to allocate 536870911 bytes of memory."},
 };
 
@@ -126,9 +119,10 @@ TEST_CASE("sizes beyond a limit are reported in full" * doctest::skip(!RepeatedM
   for (const Report& report : kReports) {
     CAPTURE(std::string(report.method));
     Session session;
-    const bool isRefused = report.className == kOutOfMemory;  // an error in the making takes some memory itself
+    const bool isRefused = report.message.starts_with(kRefused);  // an error in the making takes some memory itself
     const Shortage shortage(isRefused ? Plan{0, true} : Plan{});
-    checkRaised(call(session, report.method, report.arguments), report.className, report.message);
+    checkRaised(call(session, report.method, report.arguments), isRefused ? "OutOfMemoryException" : "RuntimeException",
+                report.message);
   }
 }
 

@@ -12,21 +12,20 @@ namespace {
 
 using namespace std::string_view_literals;
 using html::Markup;
-using markup_text::Placed;
 using xml::Apostrophe;
 
 using HtmlKernel = bool (*)(Utf32View, Markup, OutputBuffer&) noexcept;
 using XmlKernel = bool (*)(Utf32View, Apostrophe, OutputBuffer&) noexcept;
 
 std::string asHtml(HtmlKernel kernel, std::u32string_view text, Markup markup, std::size_t offset = 0) {
-  const Placed input(text, offset);
+  const PlacedUtf32 input(text, offset);
   OutputBuffer ascii;
   REQUIRE(kernel(input.span(), markup, ascii));
   return {reinterpret_cast<const char*>(ascii.data()), static_cast<std::size_t>(ascii.size())};
 }
 
 std::u32string asXml(XmlKernel kernel, std::u32string_view text, Apostrophe apostrophe, std::size_t offset = 0) {
-  const Placed input(text, offset);
+  const PlacedUtf32 input(text, offset);
   OutputBuffer units;
   REQUIRE(kernel(input.span(), apostrophe, units));
   REQUIRE(units.size() % 4 == 0);

@@ -10,7 +10,6 @@ namespace {
 
 using namespace std::string_view_literals;
 using markup_text::Mix;
-using markup_text::Placed;
 
 struct Case {
   const char* name;
@@ -34,8 +33,8 @@ using Question = bool (*)(Utf32View) noexcept;
 void agreesWithTwin(Question forHtml, Question forXml) {
   for (const Case& c : kCases) {
     CAPTURE(c.name);
-    CHECK(forHtml(Placed(c.text).span()) == c.html);
-    CHECK(forXml(Placed(c.text).span()) == c.xml);
+    CHECK(forHtml(PlacedUtf32(c.text, 0).span()) == c.html);
+    CHECK(forXml(PlacedUtf32(c.text, 0).span()) == c.xml);
   }
   // A single decisive character at every place of otherwise plain text.
   constexpr char32_t kDecisive[] = {0, U'"', U'&', U'\'', U'<', U'>', 0x80, 0xFF, 0x8000, 0x10026, 0x8000'0000};
@@ -45,7 +44,7 @@ void agreesWithTwin(Question forHtml, Question forXml) {
       std::u32string text = markup_text::random(random, Mix::kPlain, length);
       text[random.below(length)] = decisive;
       if (random.below(2) != 0) text[random.below(length)] = kDecisive[random.below(std::size(kDecisive))];
-      const Placed placed(text, random.below(8));
+      const PlacedUtf32 placed(text, random.below(8));
       CAPTURE(length);
       CHECK(forHtml(placed.span()) == reference::needsHtmlEncoding(text));
       CHECK(forXml(placed.span()) == reference::needsXmlEncoding(text));

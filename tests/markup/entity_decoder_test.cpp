@@ -9,13 +9,12 @@
 namespace {
 
 using namespace std::string_view_literals;
-using markup_text::Placed;
 
 using Kernel = std::size_t (*)(Utf32View, std::span<char32_t>) noexcept;
 
 std::u32string decoded(Kernel kernel, std::u32string_view text, std::size_t offset = 0) {
-  const Placed input(text, offset);
-  const Placed output(text.size(), offset / 2);
+  const PlacedUtf32 input(text, offset);
+  const PlacedUtf32 output(text.size(), offset / 2);
   const std::size_t size = kernel(input.span(), output.span());
   REQUIRE(size <= text.size());
   CHECK(output.marginsIntact());
@@ -81,12 +80,12 @@ void atEveryPlace(Kernel kernel) {
 void mayHave(bool (*kernel)(Utf32View) noexcept) {
   for (std::size_t length = 0; length <= 100; ++length) {
     std::u32string text(length, U'x');
-    CHECK_FALSE(kernel(Placed(text).span()));
+    CHECK_FALSE(kernel(PlacedUtf32(text, 0).span()));
     for (std::size_t i = 0; i < length; ++i) {
       text[i] = 0x10026;
-      REQUIRE_FALSE(kernel(Placed(text).span()));
+      REQUIRE_FALSE(kernel(PlacedUtf32(text, 0).span()));
       text[i] = U'&';
-      REQUIRE(kernel(Placed(text).span()));
+      REQUIRE(kernel(PlacedUtf32(text, 0).span()));
       text[i] = U'x';
     }
   }

@@ -1,7 +1,6 @@
-/// Random text for the markup kernels, and their input and output at chosen alignments.
+/// Random text for the markup kernels.
 #pragma once
 
-#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -10,22 +9,6 @@
 #include "tests/support/random_bytes.h"
 
 namespace markup_text {
-
-/// Code points at the beginning, middle or end of an aligned block, as a kernel sees them.
-class Placed {
- public:
-  explicit Placed(std::u32string_view text, std::size_t offset = 0)
-      : bytes_({reinterpret_cast<const char*>(text.data()), 4 * text.size()}, 4 * offset) {}
-  explicit Placed(std::size_t size, std::size_t offset = 0) : bytes_(4 * size, 4 * offset) {}
-
-  [[nodiscard]] std::span<char32_t> span() const {
-    return {reinterpret_cast<char32_t*>(bytes_.span().data()), bytes_.span().size() / 4};
-  }
-  [[nodiscard]] bool marginsIntact() const { return bytes_.marginsIntact(); }
-
- private:
-  PlacedBytes bytes_;
-};
 
 /// What a text is mostly made of.
 enum class Mix { kPlain, kWords, kMarkup, kReferences, kForeign, kAnything };

@@ -77,4 +77,3 @@ class Browser:
             if message["method"] == "Network.requestWillBeSent":
                 addresses.append(message["params"]["request"]["url"])
         return addresses
-

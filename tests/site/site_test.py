@@ -255,13 +255,9 @@ class SiteTest(unittest.TestCase):
                 self.assertEqual([re.sub(r"\nstringhost \w+ --help says more$", "", each) for each in self.problems()], [words])
                 focused = self.browser.run("return document.activeElement.parentElement.querySelector('.problem')?.textContent")
                 self.assertTrue(focused.startswith(words), "not beside its field")
-        for call, words in [
-            ([("method", "StrZZ"), ("a", "1")], "no such method: StrZZ"),
-        ]:
-            with self.subTest(call=call):
-                self.playground(*call)
-                self.assertIn(words, "".join(self.problems()))
-                self.assertEqual(self.browser.run("return location.hash"), "")
+        self.playground(("method", "StrZZ"), ("a", "1"))
+        self.assertIn("no such method: StrZZ", "".join(self.problems()))
+        self.assertEqual(self.browser.run("return location.hash"), "")
 
     def test_a_form_changed_during_a_call(self):
         click = "document.querySelector('#call button.run').click();"

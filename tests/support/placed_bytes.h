@@ -19,20 +19,27 @@ inline ByteView viewOf(std::string_view text) {
   return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
 }
 
-/// Bytes that begin `offset` behind an aligned address. A sanitizer watches the byte after the last one; without a
-/// sanitizer a margin on both sides tells whether it was written to.
-class PlacedBytes {
+/// Bytes, or units of several, that begin `offset` units behind an aligned address. A sanitizer watches the byte after
+/// the last one; without a sanitizer a margin on both sides tells whether it was written to.
+template <typename Unit>
+class PlacedUnits {
  public:
-  PlacedBytes(std::size_t size, std::size_t offset)
-      : size_(size), start_(kMargin + offset), block_(new std::uint8_t[blockSize()]) {
+  using Character = std::conditional_t<sizeof(Unit) == 1, char, Unit>;
+
+  PlacedUnits(std::size_t size, std::size_t offset)
+      : size_(size * sizeof(Unit)), start_(kMargin + offset * sizeof(Unit)), block_(new std::uint8_t[blockSize()]) {
     std::memset(block_.get(), kUntouched, blockSize());
   }
-  PlacedBytes(std::string_view bytes, std::size_t offset) : PlacedBytes(bytes.size(), offset) {
-    if (!bytes.empty()) std::memcpy(span().data(), bytes.data(), bytes.size());
+  PlacedUnits(std::basic_string_view<Character> text, std::size_t offset) : PlacedUnits(text.size(), offset) {
+    if (!text.empty()) std::memcpy(span().data(), text.data(), size_);
   }
 
-  [[nodiscard]] ByteSpan span() const { return {block_.get() + start_, size_}; }
-  [[nodiscard]] std::string text() const { return {reinterpret_cast<const char*>(span().data()), size_}; }
+  [[nodiscard]] std::span<Unit> span() const {
+    return {reinterpret_cast<Unit*>(block_.get() + start_), size_ / sizeof(Unit)};
+  }
+  [[nodiscard]] std::basic_string<Character> text() const {
+    return {reinterpret_cast<const Character*>(span().data()), span().size()};
+  }
 
   /// True while nothing around the bytes has been written.
   [[nodiscard]] bool marginsIntact() const {
@@ -58,6 +65,10 @@ class PlacedBytes {
   std::size_t start_;
   std::unique_ptr<std::uint8_t[]> block_;
 };
+
+using PlacedBytes = PlacedUnits<std::uint8_t>;
+using PlacedUtf16 = PlacedUnits<char16_t>;
+using PlacedUtf32 = PlacedUnits<char32_t>;
 
 /// What a kernel writes: it is given an input and exactly this much room, at alignments that the offset chooses, and
 /// returns how much of the room it took, or nothing where it fills it.
