@@ -3,9 +3,9 @@
 
 #include <doctest/doctest.h>
 #include <string>
-#include <vector>
 
 #include "tests/reference/distances.h"
+#include "tests/support/placed_bytes.h"
 #include "tests/support/random_texts.h"
 
 namespace {
@@ -13,9 +13,9 @@ namespace {
 constexpr std::uint32_t kSeed = 0x4A41'524F;
 
 double distance(std::u32string_view a, std::u32string_view b) {
-  const std::vector<char32_t> first(a.begin(), a.end());
-  const std::vector<char32_t> second(b.begin(), b.end());
-  const jaro_winkler::Result result = jaro_winkler::distance(first, second);
+  const PlacedUtf32 first(a, 0);
+  const PlacedUtf32 second(b, 0);
+  const auto result = jaro_winkler::distance(Utf32View(first.span()), Utf32View(second.span()));
   CHECK(result.shortage == jaro_winkler::Shortage::kNone);
   return result.distance;
 }

@@ -2,7 +2,6 @@
 #include "bytes/bitwise.h"
 
 #include <doctest/doctest.h>
-#include <limits>
 #include <string>
 #include <string_view>
 
@@ -56,37 +55,30 @@ TEST_CASE("bitwise: examples") {
   CHECK(combined(Operation::kXorPosition, std::string(300, '\0'), "\0"sv).substr(254, 4) == "\xFE\xFF\0\1"sv);
 }
 
+void checkAllOperations(const std::string& data, const std::string& mask, std::int32_t offset) {
+  CAPTURE(data.size());
+  CAPTURE(mask.size());
+  for (const Operation operation : kOperations) {
+    CHECK((combined(operation, data, mask, offset) == reference::combined(operation, data, mask, offset)));
+  }
+}
+
 TEST_CASE("bitwise: every length of data and mask gives what the reference gives") {
   RandomBytes random(kSeed);
   for (std::size_t length = 0; length <= 300; ++length) {
     for (const std::size_t maskLength :
          {std::size_t{1}, std::size_t{2}, std::size_t{4}, 1 + random.below(40), 1 + random.below(400), length + 1}) {
-      const std::string data = random(length);
-      const std::string mask = random(maskLength);
-      const auto offset = static_cast<std::int32_t>(random.below(1000)) - 500;
-      CAPTURE(length);
-      CAPTURE(maskLength);
-      for (const Operation operation : kOperations) {
-        CHECK((combined(operation, data, mask, offset) == reference::combined(operation, data, mask, offset)));
-      }
+      checkAllOperations(random(length), random(maskLength), static_cast<std::int32_t>(random.below(1000)) - 500);
     }
   }
 }
 
 TEST_CASE("bitwise: long data meets the end of the mask again and again") {
   RandomBytes random(kSeed);
-  constexpr std::int32_t kOffsets[] = {0, 1, -1, std::numeric_limits<std::int32_t>::max(),
-                                       std::numeric_limits<std::int32_t>::min()};
-  constexpr std::size_t kMaskLengths[] = {1, 2, 3, 7, 127, 128, 129, 1000, 1023, 1024, 1025, 2047, 4999, 5001};
-  for (const std::size_t maskLength : kMaskLengths) {
+  for (const std::size_t maskLength : {1, 2, 3, 7, 127, 128, 129, 1000, 1023, 1024, 1025, 2047, 4999, 5001}) {
     const std::string data = random(5000 + random.below(200));
     const std::string mask = random(maskLength);
-    CAPTURE(maskLength);
-    for (const Operation operation : kOperations) {
-      for (const std::int32_t offset : kOffsets) {
-        CHECK((combined(operation, data, mask, offset) == reference::combined(operation, data, mask, offset)));
-      }
-    }
+    for (const std::int32_t offset : {0, 1, -1, INT32_MAX, INT32_MIN}) checkAllOperations(data, mask, offset);
   }
 }
 

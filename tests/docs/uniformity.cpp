@@ -9,25 +9,22 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-constexpr const char* kLabels[] = {"| Parameter | Default | Meaning |",
-                                   "### Facts",
-                                   "- **Reads:** ",
-                                   "- **Gives:** ",
-                                   "- **Empty input:** ",
-                                   "- **Malformed input:** ",
-                                   "- **Failures:** ",
-                                   "- **Limits:** ",
-                                   "- **Cost:** ",
-                                   "### Examples",
-                                   "Odd input",
-                                   "### Other languages",
-                                   "**PHP:** ",
-                                   "**Python:** ",
-                                   "**JavaScript:** "};
+constexpr const char* kFacts[] = {"Reads", "Gives", "Empty input", "Malformed input", "Failures", "Limits", "Cost"};
 
-/// A language's label, and the kind of its blocks.
+/// A language's name, and the kind of its blocks.
 constexpr std::pair<const char*, const char*> kLanguages[] = {
-    {"**PHP:** ", "php"}, {"**Python:** ", "python"}, {"**JavaScript:** ", "js"}};
+    {"PHP", "php"}, {"Python", "python"}, {"JavaScript", "js"}};
+
+std::string labelOf(const std::string& name) { return "**" + name + ":** "; }
+
+/// What the lines of an entry begin with, in their order.
+Lines labels() {
+  Lines all = {"| Parameter | Default | Meaning |", "### Facts"};
+  for (const char* fact : kFacts) all.push_back("- " + labelOf(fact));
+  all.insert(all.end(), {"### Examples", "Odd input", "### Other languages"});
+  for (const auto& [name, kind] : kLanguages) all.push_back(labelOf(name));
+  return all;
+}
 
 /// A section, and what is missing in it.
 struct Section {
@@ -56,7 +53,7 @@ struct Section {
 
 void checkLabels(Section& section) {
   auto at = section.prose.begin();
-  for (const std::string label : kLabels) {
+  for (const std::string& label : labels()) {
     const auto found = std::find_if(at, section.prose.end(), [&](const auto& line) { return line.starts_with(label); });
     section.require(found != section.prose.end(), "in its place: " + label);
     if (found != section.prose.end()) at = found + 1;
@@ -98,8 +95,8 @@ void checkExamples(Section& section) {
     return line.starts_with("$ ") && line.find(" " + section.name + " ") != line.npos;
   });
   section.require(calls >= 3, "three examples");
-  for (const auto& [label, kind] : kLanguages) {
-    const bool isThere = section.hasLine(label + std::string("no near function")) || !section.linesOf(kind).empty();
+  for (const auto& [name, kind] : kLanguages) {
+    const bool isThere = section.hasLine(labelOf(name) + "no near function") || !section.linesOf(kind).empty();
     section.require(isThere, std::string("an example of ") + kind);
   }
 }

@@ -67,13 +67,10 @@ TEST_CASE("the services of one call of each kind, in order") {
   asks(2023.1, "RemoveHTMLTagsWithZQV", {utf8("a<b>"), utf16(u"x")},
        opened + "PluginGetStringData " + opened + "PluginGetStringData REALBuildString REALSetStringEncoding" + closed);
   // Nothing is opened for what needs no look.
-  asks(2023.1, "StrCompCharactersZQV", {nullText(), nullText()}, "REALGetStringEncoding REALGetStringEncoding");
   asks(2023.1, "StringIsXMLreadyZQV", {raw("abc")}, "REALGetStringEncoding");
   asks(2023.1, "StringIsXMLreadyZQV", {ascii("abc")},
        "REALGetStringEncoding LenB StringGetCString REALLockString REALUnlockString");
   asks(2023.1, "CountOccurancesZQV", {utf8("abc"), nullText()}, "");
-  asks(2023.1, "StringXORZQV", {utf8("abc"), nullText()}, "");
-  asks(2023.1, "RemoveHTMLTagsWithZQV", {nullText(), utf8("x")}, "");
   for (const char* method : {"EncodingToHTMLZQV", "EncodingToXMLZQV", "DecodingFromXMLZQV", "SQLReplaceBooleanZQV"}) {
     asks(2023.1, method, {nullText()}, "");
   }

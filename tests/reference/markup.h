@@ -15,10 +15,9 @@ inline bool isMarkup(char32_t c) { return c == U'"' || c == U'&' || c == U'\'' |
 inline bool isDropped(char32_t c) { return c < 0x20 && c != U'\t' && c != U'\n' && c != U'\r'; }
 
 inline const EscapeCode* entityOf(char32_t code) {
-  for (const EscapeCode* record = escapecodes; record->code != 0; ++record) {
-    if (record->code == code) return record;
-  }
-  return nullptr;
+  const EscapeCode* record = escapecodes;
+  while (record->code != 0 && record->code != code) ++record;
+  return record->code != 0 ? record : nullptr;
 }
 
 inline char32_t characterNamed(std::u32string_view name) {

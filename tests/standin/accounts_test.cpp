@@ -102,9 +102,6 @@ TEST_CASE("services are absent, fail or answer as the options say, and are logge
   CHECK(second.host().lookups("REALConvertString") == 1);
   CHECK(call({.failing = {{"REALConvertString", 0}}}, "NativeStringZQV", {utf8("a")}).text() == nullText());
 
-  // Nothing is concatenated where every string claims to have no bytes.
-  CHECK(call({.answers = {{"LenB", 0}}}, "ConcatBinaryStringsZQV", {utf8("a"), utf8("b")}).text() == nullText());
-  CHECK(call({.without = {"LenB"}}, "ConcatBinaryStringsZQV", {utf8("a"), utf8("b")}).text() == nullText());
   CHECK(call({.logs = false}, "NativeStringZQV", {utf8("a")}).services.empty());
   CHECK_THROWS_AS(Session({.without = {"REALLockStrings"}}), std::invalid_argument);
 }

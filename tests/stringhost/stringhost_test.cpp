@@ -172,10 +172,9 @@ TEST_CASE("the forms of an argument") {
   }
   CHECK(ran({"call", "returnsTheArgument", "--", "--output"}).out == "--output");
   CHECK(ran({"call", "--output", "hex", "returnsTheArgument", "x"}).out == "78");
-  for (const char* empty : {"hex:", "text:"}) CHECK(ran({"call", "kindOf", empty}).out == "empty");
+  CHECK(ran({"call", "kindOf", "hex:"}).out == "empty");
   CHECK(ran({"call", "kindOf", ""}).out == "null");
   CHECK(ran({"call", "isNegative", "-1.5"}).out == "yes");
-  CHECK(ran({"call", "isNegative", "1e3"}).out == "no");
   CHECK(ran({"call", "showsArguments", "-3", "FALSE"}).out == "false");
   CHECK(ran({"call", "SHOWSARGUMENTS"}).out == "true");
 }
