@@ -2,13 +2,8 @@
 #include "analysis/character_classes.h"
 
 #include <algorithm>
-#include <doctest/doctest.h>
-#include <string>
-#include <string_view>
 
-#include "tests/support/forms.h"
-#include "tests/support/placed_bytes.h"
-#include "tests/support/random_bytes.h"
+#include "tests/support/kernels.h"
 
 namespace {
 

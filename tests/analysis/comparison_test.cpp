@@ -1,13 +1,8 @@
 /// Order of byte strings.
 #include "analysis/comparison.h"
 
-#include <doctest/doctest.h>
-#include <string>
-#include <string_view>
-
 #include "tests/reference/comparison.h"
-#include "tests/support/placed_bytes.h"
-#include "tests/support/random_bytes.h"
+#include "tests/support/kernels.h"
 
 using namespace std::string_view_literals;
 

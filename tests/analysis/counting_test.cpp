@@ -1,15 +1,9 @@
 /// Counting occurrences.
 #include "analysis/counting.h"
 
-#include <doctest/doctest.h>
-#include <string>
-#include <string_view>
-
 #include "analysis/counting_two_way.h"
 #include "tests/reference/counting.h"
-#include "tests/support/forms.h"
-#include "tests/support/placed_bytes.h"
-#include "tests/support/random_bytes.h"
+#include "tests/support/kernels.h"
 
 using namespace std::string_view_literals;
 

@@ -1,11 +1,8 @@
 /// Jaro-Winkler distance.
 #include "analysis/jaro_winkler.h"
 
-#include <doctest/doctest.h>
-#include <string>
-
 #include "tests/reference/distances.h"
-#include "tests/support/placed_bytes.h"
+#include "tests/support/kernels.h"
 #include "tests/support/random_texts.h"
 
 namespace {

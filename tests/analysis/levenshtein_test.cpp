@@ -1,13 +1,11 @@
 /// Edit distance.
 #include "analysis/levenshtein.h"
 
-#include <doctest/doctest.h>
-#include <string>
 #include <vector>
 
 #include "analysis/levenshtein_bands.h"
 #include "tests/reference/distances.h"
-#include "tests/support/placed_bytes.h"
+#include "tests/support/kernels.h"
 #include "tests/support/random_texts.h"
 
 namespace {

@@ -1,11 +1,7 @@
 /// Byte-order marks.
 #include "analysis/unicode_markers.h"
 
-#include <doctest/doctest.h>
-#include <string>
-#include <string_view>
-
-#include "tests/support/placed_bytes.h"
+#include "tests/support/kernels.h"
 
 using namespace std::string_view_literals;
 

@@ -1,15 +1,9 @@
 /// The bitwise operations.
 #include "bytes/bitwise.h"
 
-#include <doctest/doctest.h>
-#include <string>
-#include <string_view>
-
 #include "memory/limits.h"
 #include "tests/reference/bitwise.h"
-#include "tests/support/forms.h"
-#include "tests/support/placed_bytes.h"
-#include "tests/support/random_bytes.h"
+#include "tests/support/kernels.h"
 
 using namespace std::string_view_literals;
 using bitwise::Operation;

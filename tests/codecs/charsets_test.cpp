@@ -1,8 +1,6 @@
 /// Single-byte character sets.
 #include "codecs/charsets.h"
 
-#include <doctest/doctest.h>
-
 #if __has_include(<iconv.h>)
 #define HAS_ICONV
 #include <iconv.h>
@@ -13,9 +11,7 @@
 
 #include "memory/limits.h"
 #include "tests/reference/charsets.h"
-#include "tests/support/forms.h"
-#include "tests/support/placed_bytes.h"
-#include "tests/support/random_bytes.h"
+#include "tests/support/kernels.h"
 #include "tests/support/skipped.h"
 
 using namespace std::string_view_literals;
@@ -44,12 +40,6 @@ std::u16string decoded(std::string_view bytes, const CharacterSet& set, Decode k
   return out.text();
 }
 
-std::u16string everyUnit() {
-  std::u16string units(0x10000, u'\0');
-  std::iota(units.begin(), units.end(), u'\0');
-  return units;
-}
-
 struct Case {
   const char* name;
   const CharacterSet& set;
@@ -68,8 +58,10 @@ const Case kEncoding[] = {
 void agreesWithTwin(Encode encode, Decode decode) {
   RandomBytes random(1252);
   constexpr std::u16string_view kAlphabets[] = {u"plain text", u"é€’\x81\x152œ", u"漢字", u"aé漢", u"ÿ\0\x9F–"sv};
+  std::u16string everyUnit(0x10000, u'\0');
+  std::iota(everyUnit.begin(), everyUnit.end(), u'\0');
   for (const CharacterSet* const set : {&kISO8859, &kCP1252}) {
-    CHECK(encoded(everyUnit(), *set, encode) == reference::charsetEncoded(everyUnit(), set->characters));
+    CHECK(encoded(everyUnit, *set, encode) == reference::charsetEncoded(everyUnit, set->characters));
     for (std::size_t length = 0; length <= 200; ++length) {
       CAPTURE(length);
       const std::string bytes = random(length);

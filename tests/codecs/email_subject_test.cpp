@@ -1,12 +1,8 @@
 #include "codecs/email_subject.h"
 
-#include <doctest/doctest.h>
-
 #include "codecs/hex_escapes.h"
 #include "tests/reference/email_subject.h"
-#include "tests/support/forms.h"
-#include "tests/support/placed_bytes.h"
-#include "tests/support/random_bytes.h"
+#include "tests/support/kernels.h"
 
 using namespace std::string_view_literals;
 

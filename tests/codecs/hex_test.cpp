@@ -1,13 +1,9 @@
 /// The hex codec.
 #include "codecs/hex.h"
 
-#include <doctest/doctest.h>
-
 #include "memory/limits.h"
 #include "tests/reference/hex.h"
-#include "tests/support/forms.h"
-#include "tests/support/placed_bytes.h"
-#include "tests/support/twins.h"
+#include "tests/support/kernels.h"
 
 using namespace std::string_view_literals;
 

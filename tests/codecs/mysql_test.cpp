@@ -1,12 +1,8 @@
 /// MySQL unescaping.
 #include "codecs/mysql.h"
 
-#include <doctest/doctest.h>
-
 #include "tests/reference/mysql.h"
-#include "tests/support/forms.h"
-#include "tests/support/shortening.h"
-#include "tests/support/twins.h"
+#include "tests/support/kernels.h"
 
 using namespace std::string_view_literals;
 

@@ -1,16 +1,12 @@
 #include "codecs/quoted_printable.h"
 
 #include <algorithm>
-#include <doctest/doctest.h>
 #include <limits>
 #include <vector>
 
 #include "codecs/quoted_printable_encoder.h"
 #include "tests/reference/quoted_printable.h"
-#include "tests/support/forms.h"
-#include "tests/support/placed_bytes.h"
-#include "tests/support/shortening.h"
-#include "tests/support/twins.h"
+#include "tests/support/kernels.h"
 
 namespace {
 

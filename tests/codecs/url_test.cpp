@@ -1,13 +1,9 @@
 /// Percent-encoding and decoding.
 #include "codecs/url.h"
 
-#include <doctest/doctest.h>
-
 #include "memory/limits.h"
 #include "tests/reference/url.h"
-#include "tests/support/forms.h"
-#include "tests/support/shortening.h"
-#include "tests/support/twins.h"
+#include "tests/support/kernels.h"
 
 using namespace std::string_view_literals;
 
@@ -52,9 +48,7 @@ constexpr Case kDecoding[] = {
     {"an escaped plus sign is one", 1, "%2B+", "+ "},
     {"digits of both cases", 0, "%41%62%e9%E9%4g", "Ab\xE9\xE9\x40"},
     {"characters that are no digits", 0, "%zz%G1", "\0\x01"sv},
-    {"a percent sign as a digit", 0, "%%41",
-     "\x04"
-     "1"},
+    {"a percent sign as a digit", 0, "%%4g", "\x04g"},
     {"a plus sign as a digit", 1, "%+1%1+", "\x01\x10"},
     {"one digit at the end", 0, "a%4", "a@"},
 };
@@ -65,11 +59,7 @@ void agreesOnRuns(Kernel encode, Kernel decode) {
   for (int round = 0; round < 200; ++round) {
     const int options = round % 4;
     std::string text;
-    for (int i = 0; i < 4; ++i)
-      text += random.of("abc+", random.below(400)) + random.of(
-                                                         "% /\xE9"
-                                                         "4",
-                                                         random.below(40));
+    for (int i = 0; i < 4; ++i) text += random.of("abc+", random.below(400)) + random.of("4% /\xE9", random.below(40));
     const auto offset = static_cast<std::size_t>(round);
     CHECK(encoded(text, options, encode, offset) == reference::urlEncoded(text, options));
     CHECK(decoded(text, options, decode, offset) == reference::urlDecoded(text, options));

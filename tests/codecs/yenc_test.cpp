@@ -1,11 +1,7 @@
 #include "codecs/yenc.h"
 
-#include <doctest/doctest.h>
-
 #include "tests/reference/yenc.h"
-#include "tests/support/forms.h"
-#include "tests/support/shortening.h"
-#include "tests/support/twins.h"
+#include "tests/support/kernels.h"
 
 using namespace std::string_view_literals;
 

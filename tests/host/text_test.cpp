@@ -1,4 +1,4 @@
-/// Text that is marked, refused, empty or long.
+/// Text that is marked or refused.
 #include "tests/support/methods.h"
 
 using namespace testing;

@@ -1,4 +1,3 @@
-#include <doctest/doctest.h>
 #include <vector>
 
 #include "markup/html_encoder.h"
@@ -6,7 +5,7 @@
 #include "markup/xml_encoder.h"
 #include "tests/markup/markup_text.h"
 #include "tests/reference/markup.h"
-#include "tests/support/forms.h"
+#include "tests/support/kernels.h"
 
 namespace {
 
@@ -51,13 +50,7 @@ constexpr HtmlCase kHtml[] = {
     {"control characters", U"x\0\x01\x08\t\n\x0B\x0C\r\x0E\x1F\x7F"sv, "x\t\n\r\x7F", "x\t\n\r\x7F"},
 };
 
-struct XmlCase {
-  const char* name;
-  std::u32string_view text;
-  std::u32string_view xml;
-};
-
-constexpr XmlCase kXml[] = {
+constexpr Utf32Example kXml[] = {
     {"markup characters", U"a < b & \"c\" >", U"a &lt; b &amp; &quot;c&quot; &gt;"},
     {"other characters stay", U"caf\xE9 <\x1F600\xD800\x80000000\xFFFFFFFF",
      U"caf\xE9 &lt;\x1F600\xD800\x80000000\xFFFFFFFF"},
@@ -94,10 +87,9 @@ void htmlAgreesWithTwin(HtmlKernel kernel) {
 }
 
 void xmlAgreesWithTwin(XmlKernel kernel) {
-  for (const XmlCase& c : kXml) {
-    CAPTURE(c.name);
-    CHECK(asXml(kernel, c.text, Apostrophe::kNumber) == c.xml);
-  }
+  checkExamples(
+      kXml, [=](auto text) { return asXml(kernel, text, Apostrophe::kNumber); },
+      [](auto text) { return reference::xmlEncoded(text, false); });
   CHECK(asXml(kernel, U"Tom's", Apostrophe::kNumber) == U"Tom&#39;s");
   CHECK(asXml(kernel, U"Tom's", Apostrophe::kName) == U"Tom&apos;s");
   for (std::size_t offset = 0; const std::u32string& text : texts()) {

@@ -1,10 +1,8 @@
 #include "markup/encoding_need.h"
 
-#include <doctest/doctest.h>
-
 #include "tests/markup/markup_text.h"
 #include "tests/reference/markup.h"
-#include "tests/support/forms.h"
+#include "tests/support/kernels.h"
 
 namespace {
 

@@ -1,10 +1,8 @@
 #include "markup/entity_decoder.h"
 
-#include <doctest/doctest.h>
-
 #include "tests/markup/markup_text.h"
 #include "tests/reference/markup.h"
-#include "tests/support/forms.h"
+#include "tests/support/kernels.h"
 
 namespace {
 
@@ -21,13 +19,7 @@ std::u32string decoded(Kernel kernel, std::u32string_view text, std::size_t offs
   return {output.span().data(), size};
 }
 
-struct Case {
-  const char* name;
-  std::u32string_view text;
-  std::u32string_view decoded;
-};
-
-constexpr Case kCases[] = {
+constexpr Utf32Example kExamples[] = {
     {"named references", U"&lt;b&gt; caf&eacute; &euro;&nbsp;&apos;", U"<b> caf\xE9 \x20AC\xA0'"},
     {"case matters", U"&Dagger;&dagger;&DAGGER;&EURO;", U"\x2021\x2020&DAGGER;&EURO;"},
     {"the longest name", U"&thetasym;", U"\x3D1"},
@@ -48,11 +40,8 @@ constexpr Case kCases[] = {
 };
 
 void agreesWithTwin(Kernel kernel) {
-  for (const Case& c : kCases) {
-    CAPTURE(c.name);
-    CHECK(decoded(kernel, c.text) == c.decoded);
-    CHECK(reference::entitiesDecoded(c.text) == c.decoded);
-  }
+  checkExamples(
+      kExamples, [kernel](std::u32string_view text) { return decoded(kernel, text); }, reference::entitiesDecoded);
   RandomBytes random(23);
   for (const markup_text::Mix mix : markup_text::kMixes) {
     for (std::size_t length = 0; length <= 160; ++length) {

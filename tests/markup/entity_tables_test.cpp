@@ -1,10 +1,8 @@
 #include "markup/entity_tables.h"
 
-#include <doctest/doctest.h>
-
 #include "markup/entity_lookup.h"
 #include "tests/reference/markup.h"
-#include "tests/support/forms.h"
+#include "tests/support/kernels.h"
 
 namespace {
 

@@ -1,12 +1,8 @@
 /// Random text for the markup kernels.
 #pragma once
 
-#include <string>
-#include <string_view>
-
 #include "markup/entity_columns.h"
-#include "tests/support/placed_bytes.h"
-#include "tests/support/random_bytes.h"
+#include "tests/support/kernels.h"
 
 namespace markup_text {
 

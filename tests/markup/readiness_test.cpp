@@ -1,11 +1,7 @@
 #include "markup/readiness.h"
 
-#include <doctest/doctest.h>
-
 #include "tests/reference/markup.h"
-#include "tests/support/forms.h"
-#include "tests/support/placed_bytes.h"
-#include "tests/support/random_bytes.h"
+#include "tests/support/kernels.h"
 
 namespace {
 

@@ -3,23 +3,25 @@
 
 #include <doctest/doctest.h>
 #include <initializer_list>
-#include <span>
 #include <string>
 #include <string_view>
 
 #include "tests/support/random_bytes.h"
 
 /// What comes in and what has to come out.
-struct Example {
+template <typename Character>
+struct ExampleOf {
   const char* name;
-  std::string_view input;
-  std::string_view output;
+  std::basic_string_view<Character> input;
+  std::basic_string_view<Character> output;
 };
+using Example = ExampleOf<char>;
+using Utf32Example = ExampleOf<char32_t>;
 
 /// Checks a kernel and its twin: both are called with a text.
-template <typename Kernel, typename Twin>
-void checkExamples(std::span<const Example> examples, Kernel kernel, Twin twin) {
-  for (const Example& example : examples) {
+template <typename Examples, typename Kernel, typename Twin>
+void checkExamples(const Examples& examples, Kernel kernel, Twin twin) {
+  for (const auto& example : examples) {
     CAPTURE(example.name);
     CHECK(kernel(example.input) == example.output);
     CHECK(twin(example.input) == example.output);

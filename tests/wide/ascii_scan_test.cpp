@@ -1,9 +1,6 @@
 #include "wide/ascii_scan.h"
 
-#include <doctest/doctest.h>
-
-#include "tests/support/forms.h"
-#include "tests/support/placed_bytes.h"
+#include "tests/support/kernels.h"
 
 TEST_CASE("the first byte of 0x80 or above is found at every length, place and alignment") {
   for (std::size_t length = 0; length <= 200; ++length) {
