@@ -12,7 +12,7 @@ constexpr std::uint32_t kSeed = 0x4A41'524F;
 double distance(std::u32string_view a, std::u32string_view b) {
   const PlacedUtf32 first(a, 0);
   const PlacedUtf32 second(b, 0);
-  const auto result = jaro_winkler::distance(Utf32View(first.span()), Utf32View(second.span()));
+  const auto result = jaro_winkler::distance(first.span(), second.span());
   CHECK(result.shortage == jaro_winkler::Shortage::kNone);
   return result.distance;
 }

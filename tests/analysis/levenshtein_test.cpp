@@ -15,7 +15,9 @@ constexpr std::uint32_t kSeed = 0x4C45'5645;
 std::int64_t distance(std::u32string_view a, std::u32string_view b) {
   const PlacedUtf32 first(a, 0);
   const PlacedUtf32 second(b, 0);
-  return levenshtein::distance(Utf32View(first.span()), Utf32View(second.span()));
+  const std::int64_t distance = levenshtein::distance(first.span(), second.span());
+  CHECK(levenshtein::scalar::distance(first.span(), second.span()) == distance);
+  return distance;
 }
 
 double relativeDistance(std::u32string_view a, std::u32string_view b) {
