@@ -21,8 +21,6 @@ AVX2_FUNCTION inline __m256i loadLowerCase(const std::uint8_t* bytes) noexcept {
   return _mm256_or_si256(load(bytes), wide::all(0x20));
 }
 
-AVX2_FUNCTION inline void copyVector(const std::uint8_t* in, std::uint8_t* out) noexcept { wide::store(out, load(in)); }
-
 AVX2_FUNCTION inline __m256i areEqual(__m256i bytes, std::uint8_t byte) noexcept {
   return _mm256_cmpeq_epi8(bytes, wide::all(byte));
 }
@@ -81,32 +79,22 @@ WRAPPING_FUNCTION AVX2_FUNCTION void sql_booleans::avx2::rewrite(ByteView sql, B
   std::size_t read = progress.read;
   std::uint8_t* to = out.data() + progress.written;  // where the byte at `read` goes
   while (sql.size() - read >= kTouched) {
-    const std::size_t start = read;
-    std::size_t end = start + kVector;
-    const __m256i bytes = load(in + start);
+    const std::uint8_t* const block = in + read;
+    const __m256i bytes = load(block);
     const unsigned single = wide::bits(areEqual(bytes, '\''));
     const unsigned twofold = wide::bits(areEqual(bytes, '"'));
-    const Starts starts(in + start);
-    copyVector(in + start, to);
-    if ((single | twofold | starts.marks()) == 0) {
-      to += kVector;
-      read = end;
-      continue;
+    const Starts starts(block);
+    BlockStep<kVector> step(block, to);
+    if ((single | twofold | starts.marks()) != 0) {
+      const unsigned unprotected = ~withinQuotes(single, twofold, progress.openQuote);
+      const Keywords keywords(block, starts, isBorder(sql, read - 1));
+      for (unsigned left = (keywords.trues | keywords.falses) & unprotected; left != 0; left &= left - 1) {
+        const unsigned place = _tzcnt_u32(left);
+        step.replaceKeyword(block + place, 5 - (keywords.trues >> place & 1));
+      }
     }
-    const unsigned unprotected = ~withinQuotes(single, twofold, progress.openQuote);
-    const Keywords keywords(in + start, starts, isBorder(sql, start - 1));
-    for (unsigned left = (keywords.trues | keywords.falses) & unprotected; left != 0; left &= left - 1) {
-      const unsigned place = _tzcnt_u32(left);
-      const std::size_t length = 5 - (keywords.trues >> place & 1);
-      to += start + place - read;
-      *to++ = numberFor(length);
-      read = start + place + length;
-      copyVector(in + read, to);
-    }
-    if (read > end) [[unlikely]]
-      end = read;
-    to += end - read;
-    read = end;
+    to = step.toEnd();
+    read = static_cast<std::size_t>(step.end() - in);
   }
   progress.read = read;
   progress.written = static_cast<std::size_t>(to - out.data());

@@ -23,10 +23,6 @@ NEON_FUNCTION inline uint8x16_t loadLowerCase(const std::uint8_t* bytes) noexcep
   return vorrq_u8(wide::load(bytes), all(0x20));
 }
 
-NEON_FUNCTION inline void copyBlock(const std::uint8_t* in, std::uint8_t* out) noexcept {
-  wide::store(out, wide::loadBlock(in));
-}
-
 /// Marks the places, among 16, where three letters are those that begin a keyword.
 NEON_FUNCTION inline uint8x16_t keywordStarts(const std::uint8_t* in) noexcept {
   const uint8x16_t first = loadLowerCase(in);
@@ -48,31 +44,23 @@ NEON_FUNCTION void sql_booleans::neon::rewrite(ByteView sql, ByteSpan out, Progr
   std::size_t read = progress.read;
   std::uint8_t* to = out.data() + progress.written;  // where the byte at `read` goes
   while (sql.size() - read >= kTouched) {
-    const std::size_t start = read;
-    std::size_t end = start + kBlock;
-    const Block bytes = wide::loadBlock(in + start);
-    const Block starts{keywordStarts(in + start), keywordStarts(in + start + kVector)};
-    wide::store(to, bytes);
+    const std::uint8_t* const block = in + read;
+    const Block bytes = wide::loadBlock(block);
+    const Block starts{keywordStarts(block), keywordStarts(block + kVector)};
+    BlockStep<kBlock> step(block, to);
     const uint8x16_t anyQuote = vorrq_u8(quotes(bytes.low), quotes(bytes.high));
-    unsigned keywords = 0;
     if (wide::any(vorrq_u8(anyQuote, vorrq_u8(starts.low, starts.high)))) {
       const unsigned single = wide::placesOf('\'', bytes);
       const unsigned twofold = wide::placesOf('"', bytes);
-      keywords = wide::bits(starts) & ~withinQuotes(single, twofold, progress.openQuote);
+      unsigned left = wide::bits(starts) & ~withinQuotes(single, twofold, progress.openQuote);
+      for (; left != 0; left &= left - 1) {
+        const auto place = static_cast<std::size_t>(std::countr_zero(left));
+        const std::size_t length = keywordLength(sql, read + place);
+        if (length != 0) step.replaceKeyword(block + place, length);
+      }
     }
-    for (; keywords != 0; keywords &= keywords - 1) {
-      const std::size_t position = start + static_cast<std::size_t>(std::countr_zero(keywords));
-      const std::size_t length = keywordLength(sql, position);
-      if (length == 0) continue;
-      to += position - read;
-      *to++ = numberFor(length);
-      read = position + length;
-      copyBlock(in + read, to);
-      if (read > end) [[unlikely]]
-        end = read;
-    }
-    to += end - read;
-    read = end;
+    to = step.toEnd();
+    read = static_cast<std::size_t>(step.end() - in);
   }
   progress.read = read;
   progress.written = static_cast<std::size_t>(to - out.data());

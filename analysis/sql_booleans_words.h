@@ -1,6 +1,7 @@
-/// What the plain and the wide rewriting of booleans have in common: the words of a statement.
+/// What the plain and the wide rewritings of booleans have in common: the words of a statement, and the steps over it.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <string_view>
@@ -64,5 +65,32 @@ WRAPPING_FUNCTION inline std::size_t keywordLength(ByteView sql, std::size_t pos
 [[nodiscard]] constexpr std::uint8_t numberFor(std::size_t keywordLength) noexcept {
   return keywordLength == 4 ? '1' : '0';
 }
+
+/// A step over a block of the statement, whose bytes are copied before the keywords in it are known: each of them is
+/// written over, and the block's worth behind it copied again from there.
+template <std::size_t kBlock>
+class BlockStep {
+ public:
+  BlockStep(const std::uint8_t* read, std::uint8_t* to) noexcept : read_(read), to_(to), end_(read + kBlock) {
+    std::memcpy(to, read, kBlock);
+  }
+
+  void replaceKeyword(const std::uint8_t* keyword, std::size_t length) noexcept {
+    to_ += keyword - read_;
+    *to_++ = numberFor(length);
+    read_ = keyword + length;
+    std::memcpy(to_, read_, kBlock);
+  }
+
+  /// Where the next step begins: behind the block, or behind a keyword that reaches out of it.
+  [[nodiscard]] const std::uint8_t* end() const noexcept { return std::max(read_, end_); }
+  /// Where the byte at `end()` goes.
+  [[nodiscard]] std::uint8_t* toEnd() const noexcept { return to_ + (end() - read_); }
+
+ private:
+  const std::uint8_t* read_;
+  std::uint8_t* to_;
+  const std::uint8_t* end_;
+};
 
 }  // namespace sql_booleans

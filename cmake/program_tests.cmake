@@ -29,5 +29,6 @@ function(add_test_without_neon name)
   if(CMAKE_SYSTEM_PROCESSOR STREQUAL "armv7l" AND CMAKE_CROSSCOMPILING_EMULATOR)
     add_test(NAME ${name}_without_neon COMMAND ${name})
     set_tests_properties(${name}_without_neon PROPERTIES ENVIRONMENT QEMU_CPU=cortex-a9,neon=off)
+    set_tests_properties(${name} ${name}_without_neon PROPERTIES RESOURCE_LOCK ${name})  # for the files it writes
   endif()
 endfunction()
