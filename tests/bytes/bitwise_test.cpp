@@ -69,7 +69,8 @@ TEST_CASE("bitwise: every length of data and mask gives what the reference gives
 
 TEST_CASE("bitwise: long data meets the end of the mask again and again") {
   RandomBytes random(kSeed);
-  for (const std::size_t maskLength : {1, 2, 3, 7, 127, 128, 129, 1000, 1023, 1024, 1025, 2047, 4999, 5001}) {
+  for (const std::size_t maskLength :
+       {1U, 2U, 3U, 7U, 127U, 128U, 129U, 1000U, 1023U, 1024U, 1025U, 2047U, 4999U, 5001U}) {
     const std::string data = random(5000 + random.below(200));
     const std::string mask = random(maskLength);
     for (const std::int32_t offset : {0, 1, -1, INT32_MAX, INT32_MIN}) checkAllOperations(data, mask, offset);

@@ -171,10 +171,10 @@ TEST_SUITE("huge" * doctest::skip()) {
         {"EncodeEmailSubjectZQV", {stretched(utf8("\u00E9"), kMost - 1)}},
         {"EncodingToQuotedPrintableZQV", {stretched(raw("a"), kMost)}},
     };
-    for (const auto& [method, arguments] : calls) {
+    for (const auto& each : calls) {
       Session session;
-      CAPTURE(std::string(method));
-      checkNull(call(session, method, arguments));
+      CAPTURE(std::string(each.first));
+      checkNull(call(session, each.first, each.second));
     }
   }
 
