@@ -40,21 +40,6 @@ std::u16string decoded(std::string_view bytes, const CharacterSet& set, Decode k
   return out.text();
 }
 
-struct Case {
-  const char* name;
-  const CharacterSet& set;
-  std::u16string_view text;
-  std::string_view bytes;
-};
-
-const Case kEncoding[] = {
-    {"a character outside the set vanishes", kISO8859, u"a€bc", "abc"},
-    {"surrogates vanish", kCP1252, u"x\U0001F600yz", "xyz"},
-    {"U+0000 is the first zero byte", kCP1252, u"a\0b"sv, "a\0b"sv},
-    {"control characters of the one set", kISO8859, u"\x80\x9F", "\x80\x9F"},
-    {"are none of the other", kCP1252, u"\x80\x81\x9F", ""},
-};
-
 void agreesWithTwin(Encode encode, Decode decode) {
   RandomBytes random(1252);
   constexpr std::u16string_view kAlphabets[] = {u"plain text", u"é€’\x81\x152œ", u"漢字", u"aé漢", u"ÿ\0\x9F–"sv};
@@ -76,13 +61,6 @@ void agreesWithTwin(Encode encode, Decode decode) {
 }
 
 }  // namespace
-
-TEST_CASE("charsets: examples of encoding") {
-  for (const Case& c : kEncoding) {
-    CAPTURE(c.name);
-    CHECK(encoded(c.text, c.set) == c.bytes);
-  }
-}
 
 TEST_CASE("charsets: the longest inputs that are taken") {
   CHECK(charsets::encodingReserve(1'073'741'816) <= kMaxSize);

@@ -14,23 +14,7 @@ constexpr const char* kPage = R"(# Encodings
 ```xojo
 NativeStringZQV(s as string) as string
 ```
-Text.
-```console
-$ stringhost call NativeStringZQV 'two words'
-two words
-$ stringhost call NativeStringZQV ''
-$ stringhost call NativeStringZQV
-stringhost: NativeStringZQV takes 1 argument, not 0
-stringhost help NativeStringZQV says which
-[status 2]
-```
 )";
-
-TEST_CASE("examples that print what the page says pass") {
-  const Replay replay = replayExamples("a.md", readPage(kPage), STRING_PLUGIN_FILE);
-  CHECK(replay.examples == 3);
-  CHECK(replay.failures == Lines{});
-}
 
 TEST_CASE("examples that don't are reported with their place") {
   constexpr struct {

@@ -47,12 +47,6 @@ TEST_CASE("the argument's own handle is recognised") {
   CHECK(clumsy({}, "form").sameAsArgument == -1);
 }
 
-TEST_CASE("of several exceptions the last one is raised") {
-  const Outcome outcome = clumsy({}, "raisesTwice");
-  CHECK(outcome.exception == Raised{"OutOfMemoryException", "OutOfMemoryException", 7});
-  CHECK(outcome.balanced);
-}
-
 TEST_CASE("every session has a plugin of its own, until its end") {
   Session first(CLUMSY_PLUGIN_FILE);
   CHECK(first.call("counts", {nullText()}).integer() == 1);
