@@ -4,8 +4,9 @@ add_library(shipped_options INTERFACE)
 target_link_libraries(shipped_options INTERFACE compiler_options sanitizer_options)
 
 # Counted where the plugin's own code is compiled; the tests need no counting.
+# Threads count too, so that counting is atomic.
 if(COVERAGE)
-  target_compile_options(shipped_options INTERFACE --coverage)
+  target_compile_options(shipped_options INTERFACE --coverage -fprofile-update=atomic)
 endif()
 
 # Hosts call from threads with small stacks. Sanitizers widen frames, so only the real build is measured.
