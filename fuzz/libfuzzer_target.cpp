@@ -1,6 +1,6 @@
 /// The fuzzer of one method, named by `--method=NAME`; what else libFuzzer takes goes to libFuzzer. `--each=COUNT`
-/// stands for as many executions as it takes to call each overload COUNT times, as far as can be told before. At its end the fuzzer says how
-/// often it called which.
+/// stands for as many executions as it takes to call each overload COUNT times, as far as can be told before. At its
+/// end the fuzzer says how often it called which.
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
