@@ -13,6 +13,7 @@ std::string encoded(std::string_view text) {
   OutputBuffer word;
   REQUIRE(email_subject::encode(input.span(), word));
   CHECK(word.size() == email_subject::encodedSize(input.span()));
+  CHECK(word.room(word.data() + word.size()) >= kEscapeOverrun);
   return {reinterpret_cast<const char*>(word.data()), static_cast<std::size_t>(word.size())};
 }
 
@@ -60,6 +61,14 @@ TEST_CASE("email subject: long texts") {
   RandomBytes random(350);
   for (const std::size_t length : {300U, 1000U, 5000U, 100'000U}) {
     const std::string text = random(length);
+    CHECK(encoded(text) == reference::encodedWord(text));
+  }
+}
+
+TEST_CASE("email subject: escapes around the longest text that needs no allocation") {
+  for (std::size_t length = 320; length <= OutputBuffer::kInlineSize / 3; ++length) {
+    CAPTURE(length);
+    const std::string text(length, '\xFF');
     CHECK(encoded(text) == reference::encodedWord(text));
   }
 }
