@@ -255,5 +255,4 @@ void rbText::decodeUtf16Form() noexcept {
   utf32_.data = utf32_.copy.get();
   utf32_.length = static_cast<std::int32_t>(length);
   utf32_.had = true;
-  failed_ = false;
 }
