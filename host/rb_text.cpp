@@ -160,7 +160,6 @@ void rbText::openWithoutEncoding(REALstringStruct* source) noexcept {
   if (bytes.size() < kMaxMacRomanSize) {
     source_ = StringReference::steal(REALBuildUnicodeString(bytes.data(), std::ssize(bytes), kEncodingMacRoman));
   }
-  failed_ = !source_;
 }
 
 /// Replaces a 7-bit source without an encoding by a marked copy, which the host can convert.
@@ -168,7 +167,6 @@ void rbText::markPlainSource() noexcept {
   const ByteView bytes = contentsOf(source_.get()).bytes();
   source_ = StringReference::steal(REALBuildUnicodeString(bytes.data(), std::ssize(bytes), kEncodingMacRoman));
   plainASCII_ = false;
-  if (!source_) failed_ = true;
 }
 
 /// Asks the host for the text in another encoding.
@@ -238,7 +236,8 @@ void rbText::ConvertUTF32() noexcept {
   utf32_.length = 0;
   if (!source_) return;
   if (plainASCII_) markPlainSource();
-  if (source_) fetch(utf32_, kEncodingUTF32, kVersionModules);
+  if (!source_) return;
+  fetch(utf32_, kEncodingUTF32, kVersionModules);
   if (failed_) decodeUtf16Form();
   normaliseByteOrder(utf32_);
 }
