@@ -60,21 +60,43 @@ struct Case {
 };
 
 constexpr Case kFixed[] = {
+    // Whole numbers, and short fractions.
+    {0.0, "0.0"},
     {-0.0, "-0.0"},
+    {1.0, "1.0"},
+    {100.0, "100.0"},
+    {-42.0, "-42.0"},
+    {1.5, "1.50"},
+    {0.5, "0.50"},
     {-2.5, "-2.50"},
     // Digits are dropped, not rounded.
+    {0.1, "0.10"},
     {0.3, "0.299999999999999"},
+    {123.456, "123.4560"},
+    {1.0 / 3.0, "0.333333333333333"},
+    {2.0 / 3.0, "0.666666666666666"},
+    {3.14159, "3.14158999999999"},
     // The sign counts as a digit, and zeros of the whole part don't.
     {-1.0 / 3.0, "-0.33333333333333"},
+    {-0.001, "-0.0010"},
     {1000.0 + 1.0 / 3.0, "1000.33333333333337"},
     {0.00001, "0.000010"},
     // Large numbers lose the point when they have 15 digits that count.
     {12345678901234.5, "12345678901234.50"},
+    {-1234567891234.5, "-1234567891234.5"},
     {-12345678912345.5, "-12345678912345"},
+    {123456789012345.5, "123456789012345.5"},
+    {123456789112345.5, "123456789112345"},
+    {123456789012345600.0, "12345678901234560"},
     {123456789012345678.0, "123456789012345680"},
+    {1e20, "100000000000000000000.0"},
+    {1e22, "10000000000000000000000.0"},
     // Small ones show what is in 99 decimals.
+    {1e-20, "0.00000000000000000000999999999999999"},
     {-1e-20, "-0.0000000000000000000099999999999999"},
     {Limits::min(), "0.0"},
+    {-Limits::denorm_min(), "-0.0"},
+    {Limits::infinity(), "inf"},
     {-Limits::infinity(), "-inf"},
     {Limits::quiet_NaN(), "nan"},
 };
@@ -85,6 +107,8 @@ TEST_CASE("fixed form: examples") {
     CHECK(fixedByRule(c.value) == c.text);
   }
   CHECK(fixed(std::copysign(Limits::quiet_NaN(), -1.0)) == "nan");
+  CHECK(fixed(Limits::max()).starts_with("179769313486231570814527423731704356798070567525844996598917476803157"));
+  CHECK(fixed(Limits::max()).size() == 309);
 }
 
 TEST_CASE("fixed form: the borders between the ways to write it, and of what doubles hold") {
@@ -111,10 +135,17 @@ TEST_CASE("fixed form: random numbers give what the C library gives") {
   }
 }
 
-TEST_CASE("scientific form: decimals of any number, and none where it is negative") {
+TEST_CASE("scientific form: examples") {
   CHECK(scientific(1234.56, 2) == "1.23e+03");
-  CHECK(scientific(2.5, 0) == "2e+00");  // ties go to the even digit
+  CHECK(scientific(1234.56, 0) == "1e+03");
+  CHECK(scientific(1234.56, -1) == "1e+03");
   CHECK(scientific(1234.56, std::numeric_limits<std::int32_t>::min()) == "1e+03");
+  CHECK(scientific(-0.000123456, 5) == "-1.23456e-04");
+  CHECK(scientific(0.0, 3) == "0.000e+00");
+  CHECK(scientific(-0.0, 0) == "-0e+00");
+  CHECK(scientific(Limits::max(), 3) == "1.798e+308");
+  CHECK(scientific(Limits::denorm_min(), 3) == "4.941e-324");
+  CHECK(scientific(2.5, 0) == "2e+00");  // ties go to the even digit
   // The library's own arithmetic on the precision overflows just below the largest number.
   for (const std::int32_t digits : {600, 2'147'483'641, 2'147'483'642, 2'147'483'647}) {
     CHECK(scientific(0.0, digits) == "0." + std::string(496, '0'));
@@ -159,6 +190,15 @@ TEST_CASE("both routes to a double's characters give the same, also where they d
     REQUIRE(written(double_characters::formatted::write, value, format, decimals, room) ==
             written(double_characters::write, value, format, decimals, room));
   }
+}
+
+TEST_CASE("scientific form: the end of a text beyond 498 characters is missing") {
+  CHECK(scientific(1.0, 492) == "1." + std::string(492, '0') + "e+00");
+  CHECK(scientific(-1.0, 492) == "-1." + std::string(492, '0') + "e+0");
+  CHECK(scientific(1.0, 10'000) == "1." + std::string(496, '0'));
+  const std::string all = scientific(Limits::min(), 2000);
+  CHECK(all.size() == 498);
+  CHECK(scientific(Limits::min(), std::numeric_limits<std::int32_t>::max()) == all);
 }
 
 }  // namespace
