@@ -4,19 +4,21 @@
 archives=build/package
 
 # What an archive holds: for which platforms, in which of its folders, which files. BUILD stands for the platform's
-# build folder, NATIVE for this machine's, SITE for the site's; a pattern that fits no file adds nothing. What is for
-# all platforms stands once in an archive of several, beside a folder for each.
+# build folder, NATIVE for this machine's, SITE for the site's, NOTICES for that of others' licences; a pattern that
+# fits no file adds nothing. What is for all platforms stands once in an archive of several, beside a folder for each.
 archive_contents() {
   cat <<'END'
-each   .            BUILD/StringPlugin.so BUILD/StringPlugin.dll BUILD/StringPlugin.dylib
-each   .            BUILD/stringhost/stringhost BUILD/stringhost/stringhost.exe
-all    .            LICENSE CHANGELOG.md
-all    docs         docs/platforms.md docs/stringhost.md
-all    docs/methods docs/methods/*.md
-all    site         SITE/*
-all    site/speed   SITE/speed/*
-linux  man/man1     NATIVE/stringhost/*.1
-linux  completions  stringhost/completions/*
+each    .            BUILD/StringPlugin.so BUILD/StringPlugin.dll BUILD/StringPlugin.dylib
+each    .            BUILD/stringhost/stringhost BUILD/stringhost/stringhost.exe
+all     .            docs/archive/README.md LICENSE CHANGELOG.md
+all     licences     NOTICES/libcli11-dev NOTICES/nlohmann-json3-dev NOTICES/emscripten
+windows licences     NOTICES/mingw-w64-common
+all     docs         docs/platforms.md docs/stringhost.md
+all     docs/methods docs/methods/*.md
+all     site         SITE/*
+all     site/speed   SITE/speed/*
+linux   man/man1     NATIVE/stringhost/*.1
+linux   completions  stringhost/completions/*
 END
 }
 
@@ -34,6 +36,7 @@ package() {
   done
   build_manual_pages
   site
+  gather_notices "${presets[@]}"
   version=$(project_version "build/${presets[0]}")
   rm -rf "$archives"
   for preset in "${presets[@]}"; do pack "StringPlugin-$version-$preset" "$archives" build "$preset"; done
@@ -58,6 +61,19 @@ build_manual_pages() {
   fi
   rm -f "build/$native"/stringhost/*.1
   step 'manual pages' cmake --build --preset "$native" --target manual_pages
+}
+
+# gather_notices PRESET…: the licences of what others wrote and the files contain, as Debian keeps them, by package.
+gather_notices() {
+  local packages=(libcli11-dev nlohmann-json3-dev emscripten) package notice
+  if [[ $* = *windows* ]]; then packages+=(mingw-w64-common); fi
+  rm -rf build/notices
+  mkdir -p build/notices
+  for package in "${packages[@]}"; do
+    notice=/usr/share/doc/$package/copyright
+    [ -f "$notice" ] || fail "the licence of $package, which has to be packed, is not in $notice"
+    cp "$notice" "build/notices/$package"
+  done
 }
 
 project_version() { sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' "$1/CMakeCache.txt"; }
@@ -93,11 +109,12 @@ stage_files() {
   while read -r whose folder patterns; do
     case $whose:$4 in
       each:*) target=$2/$folder ;;
-      all:* | linux:linux-*) target=$1/$folder ;;
+      all:* | linux:linux-* | windows:windows-*) target=$1/$folder ;;
       *) continue ;;
     esac
     patterns=${patterns//BUILD/$3/$4}
     patterns=${patterns//NATIVE/$3/$native}
+    patterns=${patterns//NOTICES/$3/notices}
     for file in $(files_of "${patterns//SITE/$3/site}"); do
       if [ -x "$file" ]; then command install -D -m 755 "$file" "$target/${file##*/}"
       else command install -D -m 644 "$file" "$target/${file##*/}"; fi

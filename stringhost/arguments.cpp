@@ -166,7 +166,7 @@ const char* const kArgumentHelp = R"(An argument for a string or a memory block 
   hex:C3A9    bytes; hex: alone is a string of no bytes
   @FILE       the bytes of a file
   -           the bytes of standard input
-  ''          the null string, or the nil block
+  ''          the null string, or the nil block; "" in the command prompt of Windows
   nil         the nil block, where a memory block is expected
 Text is converted to the encoding of --encoding, where what it has no character for
 becomes "?"; bytes are only marked with it.

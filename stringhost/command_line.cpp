@@ -210,7 +210,7 @@ class Parser {
     return std::string(kArgumentHelp) + R"(
 
 The result goes to standard output: into a file or a pipe byte for byte; to a
-terminal with a line break, and what is not printable text as hex:…. An empty
+terminal with a line break, and what is not printable text as hex:C3A9. An empty
 result and a nil block print nothing. A json result has the fields type, value
 (text where it is text, else null), hex, encoding, null, same_argument (the number
 of the argument that was itself handed back), exception (class, message, number),
