@@ -24,8 +24,8 @@ TZ=UTC unzip -q one/it.zip
 cd it
 sha256sum --quiet --check SHA256SUMS
 find . -type f | LC_ALL=C sort
-for file in StringPlugin.so stringhost README.md LICENSE CHANGELOG.md docs/methods/README.md completions/stringhost.bash \
-  site/index.html site/speed/chart.svg; do
+for file in StringPlugin.so stringhost README.md LICENSE CHANGELOG.md docs/methods/README.md \
+  completions/stringhost.bash site/index.html site/speed/chart.svg; do
   [ -s "$file" ] || fail "the archive lacks $file"
 done
 [ -z "$(find . -name '*.debug')" ] || fail "debug information in the archive"
